@@ -1,0 +1,35 @@
+#include "settings/lang.h"
+
+namespace aurel {
+
+SettingsStore& LanguageStore() {
+    static SettingsStore store;
+    return store;
+}
+
+bool LoadLanguageFile(const DualString& path) {
+    FileStream stream;
+    if (!OpenBinStream(stream, path, 2)) {
+        return false;
+    }
+    LanguageStore().Clear();
+    LanguageStore().Load(stream);
+    return true;
+}
+
+DualString Lang(const std::string& section, const std::string& key) {
+    static const DualString missing("[MISSING STRING]");
+    SettingsStore& store = LanguageStore();
+    store.Select(section);
+    const std::vector<DualString> strings = store.GetStrings(key);
+    if (strings.empty()) {
+        return missing;
+    }
+    std::string text = strings.front().Utf8();
+    for (std::size_t at = text.find("\\n"); at != std::string::npos; at = text.find("\\n", at + 1)) {
+        text.replace(at, 2, "\n");
+    }
+    return DualString(std::move(text));
+}
+
+}  // namespace aurel
