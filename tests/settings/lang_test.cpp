@@ -21,6 +21,6 @@ TEST(Lang, LooksUpWordsAndShowsMissingOnes) {
     EXPECT_EQ(aurel::Lang("COMMON", "Default").Utf8(), "Default");  // unchanged
 
     // The shipped English file parses and names the words the document needs.
-    ASSERT_TRUE(aurel::LoadLanguageFile(std::string(KOVRA_TEST_DATA) + "/../../data/Lang/English.txt"));
+    ASSERT_TRUE(aurel::LoadLanguageFile(KOVRA_DATA "/Lang/English.txt"));
     EXPECT_EQ(aurel::Lang("COMMON", "PlaySound").Utf8(), "PlaySound");
 }
