@@ -1,0 +1,28 @@
+// The editor's entry: builds the platform object, the two libraries and the editor state, and runs the
+// App. A failure has already shown its message box when its exception was made; here it only ends the
+// program.
+
+#include <QApplication>
+
+#include "app/app.h"
+#include "app/ext_vyl.h"
+#include "app/ext_win.h"
+#include "app/sys_win.h"
+#include "base/kestrel_exception.h"
+#include "state/state_title.h"
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    aurel::SysWin sys{aurel::SysWinConfig{}};
+    aurel::ExtWin extWin;
+    aurel::ExtVyl extVyl;
+    auto state = std::make_shared<kovra::StateTitle>();
+    aurel::AppLaunch launch{state, {&extWin, &extVyl}, &sys, ""};
+    try {
+        aurel::App app("Kovra", "laststate.cfg");
+        app.Run(launch);
+    } catch (const aurel::KestrelException&) {
+    } catch (...) {
+    }
+    return 0;
+}
