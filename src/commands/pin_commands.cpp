@@ -38,11 +38,10 @@ void CommandPinName::Write(const Name32& name) {
 }
 
 bool CommandPinName::Merge(ICommand& next) {
-    auto& other = static_cast<CommandPinName&>(next);
-    if (next.GetType() != GetType() || other.pin_ != pin_) {
+    if (next.GetType() != GetType() || static_cast<CommandPinName&>(next).pin_ != pin_) {
         return false;
     }
-    newName_ = other.newName_;
+    newName_ = static_cast<CommandPinName&>(next).newName_;
     return true;
 }
 
@@ -75,12 +74,11 @@ void CommandPinOrder::Move(int from, int to) {
 }
 
 bool CommandPinOrder::Merge(ICommand& next) {
-    auto& other = static_cast<CommandPinOrder&>(next);
     // The newcomer carries on moving the record that this command moved.
-    if (next.GetType() != GetType() || other.oldIndex_ != newIndex_) {
+    if (next.GetType() != GetType() || static_cast<CommandPinOrder&>(next).oldIndex_ != newIndex_) {
         return false;
     }
-    newIndex_ = other.newIndex_;
+    newIndex_ = static_cast<CommandPinOrder&>(next).newIndex_;
     return true;
 }
 
