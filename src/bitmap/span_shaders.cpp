@@ -40,6 +40,29 @@ void ScalarRun(std::uint32_t* pixels, int count, SpanSamples& samples, const Sha
     }
 }
 
+// How the samples of a span move: anywhere, along one source row, or along a row one texel per pixel.
+enum class Walk { Free, AlongRow, Straight };
+
+template <Walk kWalk>
+__m128i NextFour(SpanSamples& s) {
+    if constexpr (kWalk == Walk::Straight) {
+        const std::uint32_t* at = s.bits + static_cast<std::ptrdiff_t>(s.v >> 16) * s.rowSpan + (s.u >> 16);
+        s.u += 4 * s.du;
+        return _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
+    } else if constexpr (kWalk == Walk::AlongRow) {
+        const std::uint32_t* row = s.bits + static_cast<std::ptrdiff_t>(s.v >> 16) * s.rowSpan;
+        const std::uint32_t u = s.u, du = s.du;
+        s.u += 4 * du;
+        return _mm_set_epi32(static_cast<int>(row[(u + 3 * du) >> 16]),
+                             static_cast<int>(row[(u + 2 * du) >> 16]), static_cast<int>(row[(u + du) >> 16]),
+                             static_cast<int>(row[u >> 16]));
+    } else {
+        const std::uint32_t s0 = Next(s), s1 = Next(s), s2 = Next(s), s3 = Next(s);
+        return _mm_set_epi32(static_cast<int>(s3), static_cast<int>(s2), static_cast<int>(s1),
+                             static_cast<int>(s0));
+    }
+}
+
 // The constants of one span, made once.
 struct Vectors {
     __m128i mul;         // the opacity multiplier in each 32-bit lane
@@ -47,6 +70,7 @@ struct Vectors {
     __m128i tintM;       // tint alpha + 1 in each lane
     __m128i alphaLanes;  // the 16-bit lanes that hold alpha bytes after widening
     __m128i alphaM;      // the alpha lanes' multiplier: mul for Opacity, else 0 (alpha kept)
+    __m128i alphaBytes;  // 0xFF000000 in each lane
 };
 
 // Per-pixel multipliers in 32-bit lanes, spread over the four 16-bit channel lanes of each pixel: pixels
@@ -78,6 +102,11 @@ template <SpanShader kShader>
 __m128i ShadeFour(__m128i dst, __m128i src, const Vectors& k) {
     const __m128i alpha = _mm_srli_epi32(src, 24);
     if constexpr (kShader == SpanShader::Plain) {
+        // Four opaque pixels simply replace the colour bytes.
+        const __m128i opaque = _mm_cmpeq_epi32(_mm_and_si128(src, k.alphaBytes), k.alphaBytes);
+        if (_mm_movemask_epi8(opaque) == 0xFFFF) {
+            return _mm_or_si128(_mm_andnot_si128(k.alphaBytes, src), _mm_and_si128(k.alphaBytes, dst));
+        }
         return Mix(dst, src, _mm_add_epi32(alpha, _mm_set1_epi32(1)), k);
     } else if constexpr (kShader == SpanShader::Opacity) {
         // (alpha + 1) * mul fits 32 bits; madd multiplies the low 16-bit halves, the high ones being 0.
@@ -91,6 +120,16 @@ __m128i ShadeFour(__m128i dst, __m128i src, const Vectors& k) {
             return _mm_or_si128(_mm_and_si128(clear, dst), _mm_andnot_si128(clear, k.word));
         }
     }
+}
+
+template <SpanShader kShader, Walk kWalk>
+int VectorLoop(std::uint32_t* pixels, int count, SpanSamples& samples, const Vectors& k) {
+    int i = 0;
+    for (; i + 4 <= count; i += 4) {
+        auto* group = reinterpret_cast<__m128i*>(pixels + i);
+        _mm_store_si128(group, ShadeFour<kShader>(_mm_load_si128(group), NextFour<kWalk>(samples), k));
+    }
+    return i;
 }
 
 template <SpanShader kShader>
@@ -107,13 +146,15 @@ void VectorRun(std::uint32_t* pixels, int count, SpanSamples& samples, const Sha
         _mm_set_epi16(-1, 0, 0, 0, -1, 0, 0, 0),
         kShader == SpanShader::Opacity ? _mm_set_epi16(args.mul, 0, 0, 0, args.mul, 0, 0, 0)
                                        : _mm_setzero_si128(),
+        _mm_set1_epi32(static_cast<int>(0xFF000000u)),
     };
-    for (; i + 4 <= count; i += 4) {
-        const std::uint32_t s0 = Next(samples), s1 = Next(samples), s2 = Next(samples), s3 = Next(samples);
-        const __m128i src = _mm_set_epi32(static_cast<int>(s3), static_cast<int>(s2), static_cast<int>(s1),
-                                          static_cast<int>(s0));
-        auto* group = reinterpret_cast<__m128i*>(pixels + i);
-        _mm_store_si128(group, ShadeFour<kShader>(_mm_load_si128(group), src, k));
+    std::uint32_t* aligned = pixels + i;
+    if (samples.dv != 0) {
+        i += VectorLoop<kShader, Walk::Free>(aligned, count - i, samples, k);
+    } else if (samples.du == 0x10000) {
+        i += VectorLoop<kShader, Walk::Straight>(aligned, count - i, samples, k);
+    } else {
+        i += VectorLoop<kShader, Walk::AlongRow>(aligned, count - i, samples, k);
     }
     ScalarRun<kShader>(pixels + i, count - i, samples, args);
 }

@@ -30,19 +30,28 @@ TEST(SpanShaders, VectorLoopWritesTheSameBytesAsTheScalarForm) {
         const aurel::ShadeArgs args{shaders[trial % 4], static_cast<int>(random() % 257),
                                     RandomPixel(random)};
         const int offset = static_cast<int>(random() % 4);
-        const int count = static_cast<int>(random() % 60);
-        // Samples from one point of the source to another, all inside it.
-        auto coordinate = [&](int size) { return static_cast<std::uint32_t>(random() % (size << 16)); };
-        const std::uint32_t u0 = coordinate(kSourceWidth), u1 = coordinate(kSourceWidth);
-        const std::uint32_t v0 = coordinate(kSourceHeight), v1 = coordinate(kSourceHeight);
+        int count = static_cast<int>(random() % 60);
+        // Samples from one point of the source to another, all inside it, in the three ways the vector loop
+        // tells apart: anywhere, along a row, and along a row one texel per pixel.
+        auto coordinate = [&](int size) { return static_cast<int>(random() % (size << 16)); };
+        const int u0 = coordinate(kSourceWidth), u1 = coordinate(kSourceWidth);
+        const int v0 = coordinate(kSourceHeight), v1 = coordinate(kSourceHeight);
         const int steps = std::max(count - 1, 1);
-        aurel::SpanSamples samples{
-            source.data(),
-            kSourceWidth,
-            u0,
-            v0,
-            static_cast<std::uint32_t>((static_cast<int>(u1) - static_cast<int>(u0)) / steps),
-            static_cast<std::uint32_t>((static_cast<int>(v1) - static_cast<int>(v0)) / steps)};
+        aurel::SpanSamples samples{source.data(),
+                                   kSourceWidth,
+                                   static_cast<std::uint32_t>(u0),
+                                   static_cast<std::uint32_t>(v0),
+                                   static_cast<std::uint32_t>((u1 - u0) / steps),
+                                   static_cast<std::uint32_t>((v1 - v0) / steps)};
+        const int walk = trial / 4 % 3;
+        if (walk > 0) {
+            samples.dv = 0;
+        }
+        if (walk == 2) {
+            count = std::min(count, kSourceWidth);
+            samples.u = static_cast<std::uint32_t>(random() % ((kSourceWidth - count + 1) << 16));
+            samples.du = 0x10000;
+        }
 
         alignas(16) std::array<std::uint32_t, 68> vector{}, scalar{};
         for (std::uint32_t& p : vector)
