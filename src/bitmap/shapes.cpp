@@ -3,18 +3,32 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
 
 #include "bitmap/blend.h"
 #include "bitmap/lines.h"
 
 namespace aurel {
 
-void Clear(IBitmap& target, Color32 colour) {
-    if (target.IsEmpty()) {
-        return;
+namespace {
+
+// Writes the word over a block of pixels: the first row is filled and the others are copied from it, which
+// lets the library's block copy use the widest stores the processor has.
+void FillBlock(IBitmap& target, int left, int top, int right, int bottom, std::uint32_t word) {
+    std::uint32_t* first = target.Row(top) + left;
+    const int count = right - left + 1;
+    std::fill_n(first, count, word);
+    for (int y = top + 1; y <= bottom; ++y) {
+        std::memcpy(target.Row(y) + left, first, static_cast<std::size_t>(count) * 4);
     }
-    for (int y = 0; y < target.getHeight(); ++y) {
-        std::fill_n(target.Row(y), target.getWidth(), colour.argb);
+}
+
+}  // namespace
+
+void Clear(IBitmap& target, Color32 colour) {
+    if (!target.IsEmpty()) {
+        FillBlock(target, 0, 0, target.getWidth() - 1, target.getHeight() - 1, colour.argb);
     }
 }
 
@@ -27,7 +41,14 @@ void FillRect(IBitmap& target, int left, int top, int right, int bottom, Color32
     top = std::max(top, 0);
     right = std::min(right, target.getWidth() - 1);
     bottom = std::min(bottom, target.getHeight() - 1);
-    for (int y = top; y <= bottom && left <= right; ++y) {
+    if (left > right || top > bottom) {
+        return;
+    }
+    if (k == 256) {
+        FillBlock(target, left, top, right, bottom, colour.argb);
+        return;
+    }
+    for (int y = top; y <= bottom; ++y) {
         FillSpan(target.Row(y) + left, right - left + 1, colour.argb, k);
     }
 }
