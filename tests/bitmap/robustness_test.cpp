@@ -6,6 +6,8 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
+#include <iterator>
 #include <random>
 #include <vector>
 
@@ -16,120 +18,89 @@
 #include "bitmap/shapes.h"
 #include "bitmap/text.h"
 
-namespace {
-
-constexpr int kWidth = 23, kHeight = 17, kPadding = 3;
-constexpr std::uint32_t kGuard = 0xDEADBEEF;
-
-class RandomShapes {
-public:
-    explicit RandomShapes(unsigned seed) : random_(seed) {}
-
-    std::uint32_t Word() { return random_(); }
-    int Int(int low, int high) { return std::uniform_int_distribution<int>(low, high)(random_); }
-    float Float(float low, float high) { return std::uniform_real_distribution<float>(low, high)(random_); }
-    float X() { return Float(-kWidth, 2 * kWidth); }
-    float Y() { return Float(-kHeight, 2 * kHeight); }
-    std::array<float, 8> Corners() { return {X(), Y(), X(), Y(), X(), Y(), X(), Y()}; }
-    std::array<float, 8> SourceCorners() {
+TEST(Robustness, RandomShapesHalfOutsideStayInsideTheirBitmaps) {
+    constexpr int kWidth = 23, kHeight = 17, kSpan = kWidth + 3;
+    constexpr std::uint32_t kGuard = 0xDEADBEEF;
+    std::mt19937 random(1234);
+    auto integer = [&](int low, int high) { return std::uniform_int_distribution<int>(low, high)(random); };
+    auto real = [&](float low, float high) {
+        return std::uniform_real_distribution<float>(low, high)(random);
+    };
+    auto x = [&] { return real(-kWidth, 2 * kWidth); };
+    auto y = [&] { return real(-kHeight, 2 * kHeight); };
+    auto corners = [&] { return std::array<float, 8>{x(), y(), x(), y(), x(), y(), x(), y()}; };
+    auto sourceCorners = [&] {
         std::array<float, 8> c;
         for (float& v : c)
-            v = Float(-6, 18);
+            v = real(-6, 18);
         return c;
+    };
+
+    std::vector<std::uint32_t> pixels(kSpan * kHeight);
+    for (int i = 0; i < kSpan * kHeight; ++i) {
+        pixels[i] = i % kSpan < kWidth ? random() : kGuard;
     }
-
-private:
-    std::mt19937 random_;
-};
-
-}  // namespace
-
-TEST(Robustness, RandomShapesHalfOutsideStayInsideTheirBitmaps) {
-    RandomShapes r(1234);
-    std::vector<std::uint32_t> pixels((kWidth + kPadding) * kHeight);
-    for (int i = 0; i < static_cast<int>(pixels.size()); ++i) {
-        pixels[i] = i % (kWidth + kPadding) < kWidth ? r.Word() : kGuard;
-    }
-    std::vector<std::uint32_t> texels(11 * 7);
+    std::vector<std::uint32_t> texels(11 * 7), small(5 * 4);
     for (std::uint32_t& t : texels)
-        t = r.Word();
-    const aurel::WrapperBitmap source(texels.data(), 11, 7, 11);
-    std::vector<std::uint32_t> small(5 * 4);
-    const aurel::WrapperBitmap tiny(small.data(), 5, 4, 5);
+        t = random();
+    const aurel::WrapperBitmap source(texels.data(), 11, 7, 11), tiny(small.data(), 5, 4, 5);
 
+    using Target = aurel::WrapperBitmap;
+    auto colour = [&] { return aurel::Color32(random()); };
+    auto coordinate = [&] { return integer(-30, 50); };
+    auto on = [&] { return integer(0, 1) == 1; };
+    const std::function<void(Target&)> draws[] = {
+        [&](Target& t) {
+            aurel::FillRect(t, coordinate(), coordinate(), coordinate(), coordinate(), colour());
+        },
+        [&](Target& t) {
+            aurel::DrawRect(t, coordinate(), coordinate(), coordinate(), coordinate(), colour());
+        },
+        [&](Target& t) {
+            aurel::DrawLine(t, coordinate(), coordinate(), coordinate(), coordinate(), colour());
+        },
+        [&](Target& t) { aurel::DrawLineF(t, x(), y(), x(), y(), colour(), real(0, 1), on()); },
+        [&](Target& t) {
+            aurel::DrawCircle(t, float(coordinate()), float(coordinate()), 0.5f * integer(0, 20), colour());
+        },
+        [&](Target& t) { aurel::FillCircle(t, x(), y(), real(0, 20), colour()); },
+        [&](Target& t) {
+            aurel::DrawRoundRect(t, x(), y(), real(-5, 40), real(-5, 40), real(0, 12), colour(), real(0, 1),
+                                 on());
+        },
+        [&](Target& t) { aurel::FillTriangle(t, x(), y(), x(), y(), x(), y(), colour(), real(0, 1)); },
+        [&](Target& t) {
+            aurel::Blit(source, real(-12, 20), real(-8, 14), real(-16, 16), real(-10, 10), t, coordinate(),
+                        coordinate(), integer(-50, 50), integer(-50, 50), real(0, 1.2f), on());
+        },
+        [&](Target& t) {
+            aurel::DrawQuad(source, real(-4, 10), real(-3, 6), real(-4, 16), real(-4, 10), t, corners(),
+                            real(0, 1.2f), on() ? colour() : aurel::Color32());
+        },
+        [&](Target& t) { aurel::DrawQuadMapped(source, sourceCorners(), t, corners(), 1.0f, colour()); },
+        [&](Target& t) { aurel::DrawQuadMask(source, 0, 0, 11, 7, t, corners(), colour()); },
+        [&](Target& t) { aurel::DrawQuadMappedMask(source, sourceCorners(), t, corners(), colour()); },
+        [&](Target& t) { aurel::Halve(t, on() ? source : tiny); },
+        [&](Target& t) {
+            aurel::DeviceContext context;
+            context.Select(t);
+            aurel::TextStyle style;
+            style.outline = on();
+            style.outlineColor = colour();
+            style.outlineWidth = integer(0, 3);
+            style.wordBreak = on();
+            aurel::TextFont font;
+            font.size = integer(1, 30);
+            aurel::DrawText(context, "Bone\nIK tail", coordinate(), coordinate(), integer(-5, 60),
+                            integer(-5, 40), colour(), font, style);
+        },
+    };
     for (int trial = 0; trial < 6000; ++trial) {
-        aurel::WrapperBitmap target(pixels.data(), kWidth, kHeight, kWidth + kPadding, trial % 2 == 1);
-        const aurel::Color32 colour = r.Word();
-        switch (trial % 15) {
-            case 0:
-                aurel::FillRect(target, r.Int(-30, 50), r.Int(-30, 50), r.Int(-30, 50), r.Int(-30, 50),
-                                colour);
-                break;
-            case 1:
-                aurel::DrawRect(target, r.Int(-30, 50), r.Int(-30, 50), r.Int(-30, 50), r.Int(-30, 50),
-                                colour);
-                break;
-            case 2:
-                aurel::DrawLine(target, r.Int(-40, 60), r.Int(-40, 60), r.Int(-40, 60), r.Int(-40, 60),
-                                colour);
-                break;
-            case 3:
-                aurel::DrawLineF(target, r.X(), r.Y(), r.X(), r.Y(), colour, r.Float(0, 1), r.Int(0, 1));
-                break;
-            case 4:
-                aurel::DrawCircle(target, static_cast<float>(r.Int(-10, 30)),
-                                  static_cast<float>(r.Int(-10, 30)), 0.5f * r.Int(0, 20), colour);
-                break;
-            case 5:
-                aurel::FillCircle(target, r.X(), r.Y(), r.Float(0, 20), colour);
-                break;
-            case 6:
-                aurel::DrawRoundRect(target, r.X(), r.Y(), r.Float(-5, 40), r.Float(-5, 40), r.Float(0, 12),
-                                     colour, r.Float(0, 1), r.Int(0, 1));
-                break;
-            case 7:
-                aurel::FillTriangle(target, r.X(), r.Y(), r.X(), r.Y(), r.X(), r.Y(), colour, r.Float(0, 1));
-                break;
-            case 8:
-                aurel::Blit(source, r.Float(-12, 20), r.Float(-8, 14), r.Float(-16, 16), r.Float(-10, 10),
-                            target, r.Int(-30, 50), r.Int(-30, 50), r.Int(-50, 50), r.Int(-50, 50),
-                            r.Float(0, 1.2f), r.Int(0, 1));
-                break;
-            case 9:
-                aurel::DrawQuad(source, r.Float(-4, 10), r.Float(-3, 6), r.Float(-4, 16), r.Float(-4, 10),
-                                target, r.Corners(), r.Float(0, 1.2f),
-                                r.Int(0, 1) ? colour : aurel::Color32());
-                break;
-            case 10:
-                aurel::DrawQuadMapped(source, r.SourceCorners(), target, r.Corners(), 1.0f, colour);
-                break;
-            case 11:
-                aurel::DrawQuadMask(source, 0, 0, 11, 7, target, r.Corners(), colour);
-                break;
-            case 12:
-                aurel::DrawQuadMappedMask(source, r.SourceCorners(), target, r.Corners(), colour);
-                break;
-            case 13:
-                aurel::Halve(target, trial % 2 ? source : tiny);
-                break;
-            case 14: {
-                aurel::DeviceContext context;
-                context.Select(target);
-                aurel::TextStyle style;
-                style.outline = r.Int(0, 1);
-                style.outlineColor = colour;
-                style.outlineWidth = r.Int(0, 3);
-                style.wordBreak = r.Int(0, 1);
-                aurel::TextFont font;
-                font.size = r.Int(1, 30);
-                aurel::DrawText(context, "Bone\nIK tail", r.Int(-30, 30), r.Int(-30, 30), r.Int(-5, 60),
-                                r.Int(-5, 40), colour, font, style);
-                break;
-            }
-        }
-        for (int y = 0; y < kHeight; ++y) {
-            for (int x = kWidth; x < kWidth + kPadding; ++x) {
-                ASSERT_EQ(pixels[y * (kWidth + kPadding) + x], kGuard) << "trial " << trial;
+        Target target(pixels.data(), kWidth, kHeight, kSpan, trial % 2 == 1);
+        draws[trial % std::size(draws)](target);
+        for (int row = 0; row < kHeight; ++row) {
+            for (int column = kWidth; column < kSpan; ++column) {
+                ASSERT_EQ(pixels[row * kSpan + column], kGuard) << "trial " << trial;
             }
         }
     }
