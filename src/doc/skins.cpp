@@ -12,10 +12,10 @@ SkinQuad MakeSkinQuad(const WirrelPin& pin, PinPoint position, PinPoint parentPo
     if (pin.length != 0.0f) {
         d = {(position.x - parentPosition.x) / pin.length, (position.y - parentPosition.y) / pin.length};
     }
-    const float unitsPerPixel = 1.0f / static_cast<float>(pixelsPerUnit);
+    const float perUnit = static_cast<float>(pixelsPerUnit);
     SkinQuad quad;
-    quad.halfWidth = static_cast<float>(texture.width) * unitsPerPixel * skin.scaleX * pin.scale * 0.5f;
-    quad.halfHeight = static_cast<float>(texture.height) * unitsPerPixel * skin.scaleY * pin.scale * 0.5f;
+    quad.halfWidth = static_cast<float>(texture.width) / perUnit * skin.scaleX * pin.scale * 0.5f;
+    quad.halfHeight = static_cast<float>(texture.height) / perUnit * skin.scaleY * pin.scale * 0.5f;
     quad.centre = {(position.x + parentPosition.x) * 0.5f + skin.offsetX * d.x - skin.offsetY * d.y,
                    (position.y + parentPosition.y) * 0.5f + skin.offsetX * d.y + skin.offsetY * d.x};
     const float cosine = std::cos(skin.angle);
