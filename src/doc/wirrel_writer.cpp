@@ -54,9 +54,10 @@ public:
 
 private:
     void Put(std::uint32_t value, std::size_t bytes) {
-        for (std::size_t i = 0; i < bytes; ++i) {
-            out_.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
-        }
+        const std::uint8_t little[4] = {
+            static_cast<std::uint8_t>(value), static_cast<std::uint8_t>(value >> 8),
+            static_cast<std::uint8_t>(value >> 16), static_cast<std::uint8_t>(value >> 24)};
+        out_.insert(out_.end(), little, little + bytes);
     }
 
     std::vector<std::uint8_t>& out_;
@@ -126,6 +127,13 @@ void WriteEditorData(ByteWriter& out, const WirrelEditorData& editor) {
 std::vector<std::uint8_t> WriteWirrel(const Wirrel& wirrel, const std::vector<WirrelImageRecord>& images,
                                       const WirrelEditorData& editor) {
     std::vector<std::uint8_t> bytes;
+    std::size_t pinRecords = 0;
+    for (const WirrelAnim& anim : wirrel.anims) {
+        for (const WirrelKey& key : anim.keys) {
+            pinRecords += key.pins.size();
+        }
+    }
+    bytes.reserve(4096 + 32 * pinRecords + editor.notes.size() + editor.notesImage.size());
     ByteWriter out(bytes);
     for (const char c : ske::kMagic) {
         out.U8(static_cast<std::uint8_t>(c));
