@@ -30,7 +30,10 @@ void GiveEarlyIds(Wirrel& wirrel) {
             for (const WirrelPin& pin : key.pins) {
                 sum += pin.id;
             }
-            for (std::size_t i = 0; sum == 0 && i < key.pins.size(); ++i) {
+            if (sum != 0) {
+                continue;
+            }
+            for (std::size_t i = 0; i < key.pins.size(); ++i) {
                 key.pins[i].id = static_cast<std::int32_t>(i);
             }
         }

@@ -179,6 +179,18 @@ TEST_F(WirrelDocTest, FindRemoveAndRenameAnimations) {
     EXPECT_EQ(doc.Wirrel().anims.size(), 2u);
 }
 
+TEST_F(WirrelDocTest, KeyFramesWrapAndAddUpToTheLength) {
+    WirrelDoc doc;
+    const WirrelAnim& one = doc.CurrentAnim();
+    EXPECT_EQ(&one.NextKeyOf(0), &one.KeyAt(0));
+    AddTwoKeys(doc);
+    const WirrelAnim& two = doc.CurrentAnim();
+    EXPECT_EQ(two.NextKeyOf(0).ticks, 700u);
+    EXPECT_EQ(two.NextKeyOf(1).ticks, 600u);
+    EXPECT_EQ(AnimLengthSeconds(two, 1200), 1300.0f / 1200.0f);
+    EXPECT_EQ(AnimLengthSeconds(two, 0), 0.0f);
+}
+
 TEST_F(WirrelDocTest, NamesAreCutWithoutSplittingACharacter) {
     // 30 ASCII bytes then a two-byte character: 32 bytes, cut before the character.
     const std::string text = std::string(30, 'a') + "\xC3\xA9";

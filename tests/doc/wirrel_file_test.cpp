@@ -285,53 +285,6 @@ TEST(WirrelFile, NewDocumentBytes) {
     EXPECT_EQ(WriteWirrel(w, {}, WirrelEditorData{}), expected.bytes);
 }
 
-TEST(WirrelFile, ChunkSizesFollowFromTheTables) {
-    const RichFile f = Rich();
-    const Wirrel& w = f.tables;
-    const auto textBytes = [](const std::vector<Name32>& names) {
-        std::size_t sum = 0;
-        for (const Name32& name : names) {
-            sum += 5 + NameOf(name).size();
-        }
-        return sum;
-    };
-    std::size_t images = 9 + 20 * w.textures.size();
-    for (const WirrelImageRecord& image : f.images) {
-        images += 9 + image.path.size();
-    }
-    std::size_t anims = 5;
-    for (const WirrelAnim& anim : w.anims) {
-        anims += NameOf(anim.name).size() + 17;
-        for (const WirrelKey& key : anim.keys) {
-            anims += 12 + 32 * key.pins.size();
-        }
-    }
-    const std::size_t editor =
-        f.editor.backgroundPath.size() + 1 + 32 + 8 + f.editor.notes.size() + 4 + f.editor.notesImage.size();
-    const std::vector<std::pair<int, std::size_t>> chunks = {
-        {8, 9 + textBytes(w.pinNames) + textBytes(w.eventNames) + textBytes(w.spareNames)},
-        {4, images},
-        {6, anims},
-        {7, 5 + 28 * w.skins.size()},
-        {10, 5 + 24 * w.aabbs.size()},
-        {9, 5 + 32 * w.events.size()},
-        {5, editor}};
-
-    const std::vector<std::uint8_t> bytes = WriteWirrel(w, f.images, f.editor);
-    std::size_t at = 19;
-    for (const auto& [id, size] : chunks) {
-        SCOPED_TRACE(id);
-        ASSERT_LT(at + 5, bytes.size());
-        EXPECT_EQ(bytes[at], id);
-        EXPECT_EQ(bytes[at + 1] | bytes[at + 2] << 8 | bytes[at + 3] << 16 | bytes[at + 4] << 24,
-                  static_cast<int>(size));
-        at += 5 + size + (id == 5 ? 1 : 0);  // the editor chunk's size is one short of its payload
-    }
-    EXPECT_EQ(std::vector<std::uint8_t>(bytes.end() - 7, bytes.end()),
-              (std::vector<std::uint8_t>{0xFF, 0xFF, 0xFF, 0, 0, 0, 0}));
-    EXPECT_EQ(at, bytes.size() - 5);
-}
-
 TEST(WirrelFile, WrittenTablesReadBack) {
     const RichFile f = Rich();
     const std::vector<std::uint8_t> bytes = WriteWirrel(f.tables, f.images, f.editor);

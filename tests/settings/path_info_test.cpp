@@ -2,10 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-
-#include "support/temp_dir.h"
-
 namespace aurel {
 namespace {
 
@@ -35,8 +31,6 @@ TEST(PathInfo, SplitsAndJoins) {
         EXPECT_EQ(info.Full().Utf8(), c.path);
         EXPECT_EQ(info.Folder(true).Utf8(), std::string(c.root) + c.folder);
     }
-    EXPECT_EQ(PathInfo("/a/b.png").Name(false).Utf8(), "b");
-    EXPECT_EQ(PathInfo("/a/b.png").Folder(false).Utf8(), "a/");
 }
 
 TEST(PathInfo, OnlyDotsMakeAPathRelative) {
@@ -77,15 +71,6 @@ TEST(PathInfo, RelativePath) {
             EXPECT_EQ(out.Utf8(), expected) << file;
         }
     }
-}
-
-TEST(PathInfo, ExistenceAndTime) {
-    kovra::test::TempDir dir;
-    std::ofstream(dir.File("a.txt")) << "x";
-    EXPECT_TRUE(PathInfo(dir.File("a.txt")).Exists());
-    EXPECT_GT(PathInfo(dir.File("a.txt")).ModificationTime(), 0);
-    EXPECT_FALSE(PathInfo(dir.File("b.txt")).Exists());
-    EXPECT_EQ(PathInfo(dir.File("b.txt")).ModificationTime(), 0);
 }
 
 }  // namespace
