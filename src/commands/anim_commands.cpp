@@ -1,14 +1,11 @@
 #include "commands/anim_commands.h"
 
+#include <algorithm>
+
+#include "anim/playback.h"
+#include "doc/pin_tree.h"
+
 namespace kovra {
-namespace {
-
-void ClearPins(SelectionTracker& selection) {
-    selection.Clear();
-    selection.SetHot(-1, 0);
-}
-
-}  // namespace
 
 CommandAnimNew::CommandAnimNew(WirrelDoc& doc, SelectionTracker& selection, EditorHub& hub,
                                std::string_view name, std::uint32_t frameTicks)
@@ -49,6 +46,71 @@ CommandAnimName::CommandAnimName(WirrelDoc& doc, std::string_view name)
 
 void CommandAnimName::Write(const std::string& name) {
     doc_.RenameCurrentAnim(name);
+    doc_.onChanged.Call();
+}
+
+CommandAnimDelete::CommandAnimDelete(WirrelDoc& doc, SelectionTracker& selection, EditorHub& hub)
+    : WirrelCommand("Delete Animation"),
+      doc_(doc),
+      selection_(selection),
+      hub_(hub),
+      animsBefore_(doc.Wirrel().anims),
+      index_(doc.cursor.animIndex),
+      cursorBefore_(doc.cursor),
+      selectionBefore_(selection) {
+    Redo();
+}
+
+void CommandAnimDelete::Redo() {
+    std::vector<WirrelAnim>& anims = doc_.Wirrel().anims;
+    anims.erase(anims.begin() + index_);
+    doc_.onAnimRemoved.Call(index_);
+    ClearPins(selection_);
+    const int current = std::min(index_, static_cast<int>(anims.size()) - 1);
+    doc_.cursor.animIndex = current;
+    doc_.cursor.animName = current >= 0 ? anims[current].name : Name32{};
+    doc_.SetFrame(0);
+    hub_.SetAnimListSelection(current);
+    doc_.onChanged.Call();
+}
+
+void CommandAnimDelete::Undo() {
+    doc_.Wirrel().anims = animsBefore_;
+    doc_.onAnimAdded.Call(index_);
+    doc_.cursor = cursorBefore_;
+    hub_.SetAnimListSelection(index_);
+    selectionBefore_.Restore(selection_);
+    doc_.onChanged.Call();
+}
+
+CommandAnimSel::CommandAnimSel(WirrelDoc& doc, SelectionTracker& selection, EditorHub& hub, int index)
+    : WirrelCommand("Animation Selection"),
+      doc_(doc),
+      selection_(selection),
+      hub_(hub),
+      index_(index),
+      cursorBefore_(doc.cursor),
+      listBefore_(hub.AnimListSelection()),
+      selectionBefore_(selection) {
+    Redo();
+}
+
+void CommandAnimSel::Redo() {
+    const int hot = selection_.hotItem;
+    const WirrelKey& target = doc_.Wirrel().anims[index_].keys.front();
+    const int at = hot >= 0 ? FindPin(doc_.CurrentKey().pins[hot].id, hot, target) : -1;
+    if (at < 0 || IsHidden(target, at)) {
+        ClearPins(selection_);
+    }
+    SwitchAnimation(doc_, index_);
+    hub_.SetAnimListSelection(index_);
+    doc_.onChanged.Call();
+}
+
+void CommandAnimSel::Undo() {
+    selectionBefore_.Restore(selection_);
+    doc_.cursor = cursorBefore_;
+    hub_.SetAnimListSelection(listBefore_);
     doc_.onChanged.Call();
 }
 

@@ -49,4 +49,41 @@ private:
     std::string newName_;
 };
 
+// Deletes the current animation; the one that takes its place in the list becomes current.
+class CommandAnimDelete : public WirrelCommand {
+public:
+    CommandAnimDelete(WirrelDoc& doc, SelectionTracker& selection, EditorHub& hub);
+    int GetType() const override { return kKindAnimDelete; }
+    void Undo() override;
+    void Redo() override;
+
+private:
+    WirrelDoc& doc_;
+    SelectionTracker& selection_;
+    EditorHub& hub_;
+    std::vector<WirrelAnim> animsBefore_;
+    int index_;
+    PlayCursor cursorBefore_;
+    SelectionSnapshot selectionBefore_;
+};
+
+// Makes another animation current. The pin selection stays if the hot pin is shown in the new
+// animation's first frame, else it is cleared.
+class CommandAnimSel : public WirrelCommand {
+public:
+    CommandAnimSel(WirrelDoc& doc, SelectionTracker& selection, EditorHub& hub, int index);
+    int GetType() const override { return kKindAnimSel; }
+    void Undo() override;
+    void Redo() override;
+
+private:
+    WirrelDoc& doc_;
+    SelectionTracker& selection_;
+    EditorHub& hub_;
+    int index_;
+    PlayCursor cursorBefore_;
+    int listBefore_;
+    SelectionSnapshot selectionBefore_;
+};
+
 }  // namespace kovra

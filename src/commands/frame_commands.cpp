@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "anim/forward.h"
+#include "doc/skins.h"
 #include "settings/lang.h"
 
 namespace kovra {
@@ -151,6 +153,45 @@ CommandFrameSnap::CommandFrameSnap(WirrelDoc& doc, std::uint32_t snapFrames)
 
 void CommandFrameSnap::Write(std::uint32_t value) {
     doc_.SetSnapFrames(value);
+    doc_.onChanged.Call();
+}
+
+CommandFrameReflect::CommandFrameReflect(WirrelDoc& doc, int axis)
+    : WirrelCommand(axis != 0 ? "Mirror Frame" : "Flip Frame"),
+      doc_(doc),
+      axis_(axis),
+      poseBefore_(doc.CurrentKey().pins),
+      skinsBefore_(doc.Wirrel().skins) {
+    Redo();
+}
+
+void CommandFrameReflect::Redo() {
+    const float base = axis_ != 0 ? 3.14159274f : 0.0f;
+    Wirrel& wirrel = doc_.Wirrel();
+    WirrelKey& key = doc_.CurrentKey();
+    for (std::size_t i = 0; i < key.pins.size(); ++i) {
+        WirrelPin& pin = key.pins[i];
+        pin.angle = NormalizeAngle(base - pin.angle);
+        // A record without a texture is left alone: writing it would delete it.
+        if (pin.skin < 0 || wirrel.skins[pin.skin].texture < 0) {
+            continue;
+        }
+        WirrelSkin skin = wirrel.skins[pin.skin];
+        skin.angle = NormalizeAngle(base - skin.angle);
+        if (axis_ == 1) {
+            skin.scaleX = -skin.scaleX;
+        } else {
+            skin.scaleY = -skin.scaleY;
+        }
+        skin.offsetY = -skin.offsetY;
+        SetPinSkin(wirrel, key, static_cast<int>(i), skin);
+    }
+    doc_.onChanged.Call();
+}
+
+void CommandFrameReflect::Undo() {
+    doc_.CurrentKey().pins = poseBefore_;
+    doc_.Wirrel().skins = skinsBefore_;
     doc_.onChanged.Call();
 }
 

@@ -127,4 +127,21 @@ private:
     std::uint32_t newValue_;
 };
 
+// Mirrors the current frame about the vertical axis through the origin (`axis` 1) or flips it about the
+// horizontal one (`axis` 0). Skin records are written through SetPinSkin, so that records shared with
+// other frames stay as they are.
+class CommandFrameReflect : public WirrelCommand {
+public:
+    CommandFrameReflect(WirrelDoc& doc, int axis);
+    int GetType() const override { return kKindFrameReflect; }
+    void Undo() override;
+    void Redo() override;
+
+private:
+    WirrelDoc& doc_;
+    int axis_;
+    std::vector<WirrelPin> poseBefore_;
+    std::vector<WirrelSkin> skinsBefore_;
+};
+
 }  // namespace kovra

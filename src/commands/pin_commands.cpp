@@ -1,17 +1,416 @@
 #include "commands/pin_commands.h"
 
 #include <algorithm>
+#include <cmath>
 #include <set>
 #include <utility>
 
+#include "anim/ik_solver.h"
+#include "commands/repeat.h"
+#include "doc/pin_tree.h"
+#include "doc/skins.h"
+
 namespace kovra {
 namespace {
+
+// The posing option "Rotate Children" among the document's view flags.
+constexpr std::size_t kRotateChildrenFlag = 1;
 
 int Exchanged(int value, int a, int b) {
     return value == a ? b : value == b ? a : value;
 }
 
+float Length(float x, float y) {
+    return std::sqrt(x * x + y * y);
+}
+
+// Detaching a pin to a root never asks anything.
+class NoQuestions : public aurel::Prompt {
+public:
+    int Ask(const aurel::PromptRequest& request) override { return aurel::SafeAnswer(request); }
+};
+
+const char* FkLabel(int mode) {
+    return mode == kDragRotate ? "Rotate Pins" : mode == kDragLength ? "Adjust Length" : "Move Pins";
+}
+
+void SelectNewPin(SelectionTracker& selection, int index) {
+    selection.Clear();
+    selection.Add(index, true);
+    selection.SetHot(index, 0);
+}
+
+// Takes the last pin off every frame of the current animation and off the names: the pin that AddPin
+// made last.
+void RemoveLastPin(WirrelDoc& doc) {
+    for (WirrelKey& key : doc.CurrentAnim().keys) {
+        key.pins.pop_back();
+    }
+    doc.Wirrel().pinNames.pop_back();
+}
+
+// Whether a frame of the animation still uses pin `id`: shows it, or hangs pins from it.
+bool UsesPin(const WirrelAnim& anim, int id) {
+    for (const WirrelKey& key : anim.keys) {
+        const int at = FindPin(id, id, key);
+        if (at >= 0 && (!IsHidden(key, at) || HasChildren(key, at))) {
+            return true;
+        }
+    }
+    return false;
+}
+
 }  // namespace
+
+void FillPinPixels(ViewTransform& view, const std::vector<WirrelPin>& pose) {
+    std::vector<WorldPoint> world;
+    WorldPositions(pose, world);
+    const float scaleX = static_cast<float>(view.clientWidth) / view.viewWidth * view.zoom;
+    const float scaleY = static_cast<float>(view.clientHeight) / view.viewHeight * view.zoom;
+    view.pinPixels.resize(world.size());
+    for (std::size_t i = 0; i < world.size(); ++i) {
+        view.pinPixels[i] = PinPixel{world[i].x * scaleX + 0.375f, world[i].y * scaleY + 0.375f, world[i].id};
+    }
+}
+
+CommandPinFk::CommandPinFk(Vec2 grabbed, Vec2 pressed, Vec2 mouse, WirrelDoc& doc,
+                           const SelectionTracker& selection, int mode, const ViewTransform& view)
+    : WirrelCommand(FkLabel(mode)),
+      doc_(doc),
+      before_(doc.CurrentKey().pins),
+      hot_(selection.hotItem),
+      mode_(mode),
+      selected_(selection.selected) {
+    Pose& pose = doc.CurrentKey().pins;
+    int top = hot_;
+    int topParent = -1;
+    FindPivot(pose, hot_, selected_, top, topParent);
+    const ScreenScale s = ScreenToWorld(ViewGeometry{view.zoom, view.cameraX, view.cameraY, view.viewWidth,
+                                                     view.viewHeight, view.clientWidth, view.clientHeight});
+    // All points are pose-space pixels before the scale; the grabbed one has no origin to lose.
+    const PinPixel p = topParent >= 0 ? view.pinPixels[topParent] : PinPixel{};
+    const PinPixel& hot = view.pinPixels[hot_];
+    const Vec2 a{(grabbed.x - p.x) * s.sx, (grabbed.y - p.y) * s.sy};
+    const Vec2 b{(pressed.x - s.ox - p.x) * s.sx, (pressed.y - s.oy - p.y) * s.sy};
+    const Vec2 c{(mouse.x - s.ox - p.x) * s.sx, (mouse.y - s.oy - p.y) * s.sy};
+    const Vec2 h{(hot.x - p.x) * s.sx, (hot.y - p.y) * s.sy};
+    const float oldAngle = std::atan2(h.y, h.x);
+    const float oldLength = Length(h.x, h.y);
+    float newAngle = oldAngle;
+    float newLength = oldLength;
+    if (topParent < 0) {
+        newAngle = std::atan2(a.y + c.y - b.y, a.x + c.x - b.x);
+        newLength = Length(a.x + c.x - b.x, a.y + c.y - b.y);
+    } else {
+        if (mode != kDragLength) {
+            newAngle = std::atan2(a.y, a.x) + std::atan2(c.y, c.x) - std::atan2(b.y, b.x);
+        }
+        if (mode != kDragRotate) {
+            newLength = (Length(c.x, c.y) - Length(b.x, b.y)) + Length(a.x, a.y);
+        }
+    }
+    PoseForward(pose, top, hot_, newAngle - oldAngle, oldLength, newLength, selected_,
+                doc.viewFlags[kRotateChildrenFlag], false);
+    // A pin that the user posed is a real key from now on.
+    pose[hot_].flags &= ~kPinTweened;
+    after_ = pose;
+    doc.onChanged.Call();
+}
+
+void CommandPinFk::Redo() {
+    doc_.CurrentKey().pins = after_;
+    doc_.onChanged.Call();
+}
+
+void CommandPinFk::Undo() {
+    doc_.CurrentKey().pins = before_;
+    doc_.onChanged.Call();
+}
+
+bool CommandPinFk::Merge(ICommand& next) {
+    if (next.GetType() != GetType()) {
+        return false;
+    }
+    after_ = static_cast<CommandPinFk&>(next).after_;
+    return true;
+}
+
+unsigned CommandPinFk::RepeatModes() const {
+    return mode_ == kDragLength ? kRepeatAll : kRepeatAbsolute | kRepeatRelative;
+}
+
+bool CommandPinFk::Repeat(unsigned mask) {
+    const bool anchored = IsAnchored(after_[hot_]);
+    const bool carriesLength = anchored || mode_ == kDragMove || mode_ == kDragLength;
+    const bool carriesAngle = anchored || mode_ == kDragMove || mode_ == kDragRotate;
+    ForEachRepeatFrame(doc_, mask, [&](WirrelKey& key) {
+        for (int p : selected_) {
+            const WirrelPin& before = before_[p];
+            const WirrelPin& after = after_[p];
+            const int at = FindPin(after.id, p, key);
+            if (at < 0) {
+                continue;
+            }
+            WirrelPin& r = key.pins[at];
+            if (IsAnchored(r) != IsAnchored(after) || IsAnchored(r) != anchored) {
+                continue;
+            }
+            if ((mask & kRepeatAbsolute) != 0) {
+                r.length = carriesLength ? after.length : r.length;
+                r.angle = carriesAngle ? after.angle : r.angle;
+            } else if ((mask & kRepeatRelative) != 0) {
+                r.length += carriesLength ? after.length - before.length : 0.0f;
+                r.angle += carriesAngle ? after.angle - before.angle : 0.0f;
+            } else if ((mask & kRepeatPercent) != 0) {
+                r.length *= after.length / before.length;
+            }
+        }
+    });
+    return true;
+}
+
+CommandPinIk::CommandPinIk(WirrelDoc& doc, const SelectionTracker& selection, int mouseX, int mouseY,
+                           const ViewTransform& view, bool single)
+    : WirrelCommand("Pose with IK"), doc_(doc), before_(doc.CurrentKey().pins) {
+    Pose& pose = doc.CurrentKey().pins;
+    int hot = selection.hotItem;
+    int parent = hot >= 0 ? pose[hot].parent : -1;
+    if (single && parent >= 0 && selection.hotPart == 2) {
+        hot = parent;
+        parent = pose[hot].parent;
+    }
+    const auto width = static_cast<float>(view.clientWidth);
+    const auto height = static_cast<float>(view.clientHeight);
+    const Vec2 goal{
+        (static_cast<float>(mouseX) - width * 0.5f) * (view.viewWidth / width) * (1.0f / view.zoom) +
+            view.cameraX,
+        (static_cast<float>(mouseY) - height * 0.5f) * (view.viewHeight / height) * (1.0f / view.zoom) +
+            view.cameraY};
+    std::set<int> locks;
+    if (single) {
+        locks.insert(hot);
+        if (parent >= 0) {
+            locks.insert(parent);
+        }
+    } else {
+        locks = selection.selected;
+        for (std::size_t i = 0; i < pose.size(); ++i) {
+            if ((pose[i].flags & kPinIkLock) != 0) {
+                locks.insert(static_cast<int>(i));
+            }
+        }
+    }
+    valid = SolveIk(pose, locks, hot, goal, 100, doc.viewFlags[kRotateChildrenFlag]);
+    if (valid) {
+        pose[hot].flags &= ~kPinTweened;
+    }
+    after_ = pose;
+    doc.onChanged.Call();
+}
+
+void CommandPinIk::Redo() {
+    doc_.CurrentKey().pins = after_;
+    doc_.onChanged.Call();
+}
+
+void CommandPinIk::Undo() {
+    doc_.CurrentKey().pins = before_;
+    doc_.onChanged.Call();
+}
+
+bool CommandPinIk::Merge(ICommand& next) {
+    if (next.GetType() != GetType()) {
+        return false;
+    }
+    after_ = static_cast<CommandPinIk&>(next).after_;
+    return true;
+}
+
+CommandPinNew::CommandPinNew(WirrelDoc& doc, SelectionTracker& selection, PinDescription pin)
+    : WirrelCommand("Create New Bone"),
+      doc_(doc),
+      selection_(selection),
+      pin_(std::move(pin)),
+      selectionBefore_(selection) {
+    Redo();
+}
+
+void CommandPinNew::Redo() {
+    SelectNewPin(selection_, doc_.AddPin(pin_.angle, pin_.length, pin_.parent, pin_.name));
+    doc_.onChanged.Call();
+}
+
+void CommandPinNew::Undo() {
+    RemoveLastPin(doc_);
+    selectionBefore_.Restore(selection_);
+    doc_.onChanged.Call();
+}
+
+CommandPinNew2::CommandPinNew2(WirrelDoc& doc, SelectionTracker& selection, PinDescription first,
+                               PinDescription second)
+    : WirrelCommand("Create New Bone/Object"),
+      doc_(doc),
+      selection_(selection),
+      first_(std::move(first)),
+      second_(std::move(second)),
+      selectionBefore_(selection) {
+    Redo();
+}
+
+void CommandPinNew2::Redo() {
+    doc_.AddPin(first_.angle, first_.length, first_.parent, first_.name);
+    SelectNewPin(selection_, doc_.AddPin(second_.angle, second_.length, second_.parent, second_.name));
+    doc_.onChanged.Call();
+}
+
+void CommandPinNew2::Undo() {
+    RemoveLastPin(doc_);
+    RemoveLastPin(doc_);
+    selectionBefore_.Restore(selection_);
+    doc_.onChanged.Call();
+}
+
+CommandPinParent::CommandPinParent(WirrelDoc& doc, SelectionTracker& selection, aurel::Prompt& window,
+                                   int child, int newParent)
+    : WirrelCommand("Create New Bone/Parent"),
+      doc_(doc),
+      selection_(selection),
+      window_(window),
+      child_(child),
+      newParent_(newParent),
+      selectionBefore_(selection),
+      before_(doc.CurrentKey().pins) {
+    Redo();
+    valid = doc.CurrentKey().pins != before_;
+}
+
+void CommandPinParent::Redo() {
+    WirrelKey& key = doc_.CurrentKey();
+    if (Reparent(key, child_, newParent_, window_)) {
+        key.pins[child_].SetType(Attachment);
+        selection_.SetCurrent(child_, 0);
+    }
+    doc_.onChanged.Call();
+}
+
+void CommandPinParent::Undo() {
+    doc_.CurrentKey().pins = before_;
+    selectionBefore_.Restore(selection_);
+    doc_.onChanged.Call();
+}
+
+void DeletePin(WirrelDoc& doc, int index) {
+    WirrelKey& current = doc.CurrentKey();
+    UnlinkPin(current, index);
+    const int id = current.pins[index].id;
+    if (UsesPin(doc.CurrentAnim(), id) || RemovePinIfUnused(doc.Wirrel(), id)) {
+        return;
+    }
+    // Other animations still use it: it leaves only this one, and ids stay as they are.
+    for (WirrelKey& key : doc.CurrentAnim().keys) {
+        const int at = FindPin(id, index, key);
+        key.pins.erase(key.pins.begin() + at);
+        for (WirrelPin& pin : key.pins) {
+            pin.parent -= pin.parent > at ? 1 : 0;
+        }
+    }
+}
+
+CommandPinDelete::CommandPinDelete(WirrelDoc& doc, SelectionTracker& selection)
+    : WirrelCommand("Delete Pin/Bone"),
+      doc_(doc),
+      selection_(selection),
+      selectionBefore_(selection),
+      animsBefore_(doc.Wirrel().anims),
+      namesBefore_(doc.Wirrel().pinNames) {
+    Redo();
+}
+
+void CommandPinDelete::Redo() {
+    const WirrelKey& key = doc_.CurrentKey();
+    std::set<int> doomed = selection_.selected;
+    for (int p : selection_.selected) {
+        const int parent = key.pins[p].parent;
+        // No lone end may stay behind: a root left without its only bone, or a bone without its root.
+        if (parent >= 0 && ChildCount(key, parent) == 1 && key.pins[parent].parent < 0 &&
+            !HasChildren(key, p)) {
+            doomed.insert(parent);
+        }
+        if (parent < 0 && ChildCount(key, p) == 1) {
+            const auto child = std::find_if(key.pins.begin(), key.pins.end(),
+                                            [p](const WirrelPin& pin) { return pin.parent == p; });
+            const int c = static_cast<int>(child - key.pins.begin());
+            if (!HasChildren(key, c)) {
+                doomed.insert(c);
+            }
+        }
+    }
+    for (auto p = doomed.rbegin(); p != doomed.rend(); ++p) {
+        DeletePin(doc_, *p);
+    }
+    ClearPins(selection_);
+    doc_.onChanged.Call();
+}
+
+void CommandPinDelete::Undo() {
+    doc_.Wirrel().anims = animsBefore_;
+    doc_.Wirrel().pinNames = namesBefore_;
+    selectionBefore_.Restore(selection_);
+    doc_.onChanged.Call();
+}
+
+CommandPinType::CommandPinType(WirrelDoc& doc, int pin, PinType type)
+    : WirrelCommand("Change pin type"),
+      doc_(doc),
+      pin_(pin),
+      id_(doc.CurrentKey().pins[pin].id),
+      type_(type),
+      tailChange_((doc.CurrentKey().pins[pin].Type() == Tail) != (type == Tail)),
+      animsBefore_(doc.Wirrel().anims),
+      namesBefore_(doc.Wirrel().pinNames) {
+    Redo();
+}
+
+void CommandPinType::Redo() {
+    if (!tailChange_) {
+        ChangeIn(doc_.CurrentKey());
+    } else if (type_ == Tail) {
+        MakeTail(doc_, pin_);
+    } else {
+        EndTail(doc_, pin_, type_);
+    }
+    doc_.onChanged.Call();
+}
+
+void CommandPinType::Undo() {
+    doc_.Wirrel().anims = animsBefore_;
+    doc_.Wirrel().pinNames = namesBefore_;
+    doc_.onChanged.Call();
+}
+
+void CommandPinType::ChangeIn(WirrelKey& key) const {
+    const int at = FindPin(id_, pin_, key);
+    if (at < 0) {
+        return;
+    }
+    if (type_ == Root) {
+        NoQuestions silent;
+        Reparent(key, at, -1, silent);
+    }
+    key.pins[at].SetType(type_);
+}
+
+unsigned CommandPinType::RepeatModes() const {
+    return tailChange_ ? 0 : kRepeatAll;
+}
+
+bool CommandPinType::Repeat(unsigned mask) {
+    if (tailChange_) {
+        return false;
+    }
+    ForEachRepeatFrame(doc_, mask, [this](WirrelKey& key) { ChangeIn(key); });
+    return true;
+}
 
 CommandPinIkLock::CommandPinIkLock(int pin, WirrelDoc& doc)
     : WirrelCommand("Toggle Ik Lock"), pin_(pin), doc_(doc) {
@@ -182,19 +581,7 @@ CommandAabbCreate::CommandAabbCreate(WirrelDoc& doc, float x0, float y0, float x
 }
 
 void CommandAabbCreate::Redo() {
-    std::vector<WirrelAabb>& aabbs = doc_.Wirrel().aabbs;
-    const auto index = static_cast<std::int32_t>(aabbs.size());
-    aabbs.push_back(box_);
-    WirrelPin& pin = doc_.CurrentKey().pins[pin_];
-    if (pin.aabb < 0) {
-        pin.aabb = index;
-    } else {
-        std::int32_t last = pin.aabb;
-        while (aabbs[last].next >= 0) {
-            last = aabbs[last].next;
-        }
-        aabbs[last].next = index;
-    }
+    AddAabb(doc_.Wirrel(), doc_.CurrentKey(), pin_, box_);
     doc_.onChanged.Call();
 }
 

@@ -4,9 +4,13 @@
 // Pins are referred to by index in the current frame, or by id across frames.
 
 #include <cstdint>
+#include <set>
+#include <string>
 #include <string_view>
 #include <vector>
 
+#include "anim/forward.h"
+#include "base/prompt.h"
 #include "commands/command.h"
 #include "commands/selection_snapshot.h"
 #include "doc/view_transform.h"
@@ -16,6 +20,165 @@ namespace kovra {
 
 // A copy of the current frame's pin vector; restoring it is assigning it back.
 using PoseSnapshot = std::vector<WirrelPin>;
+
+// Fills the view's pin pixels from a pose, as the workspace does before each paint: world positions in
+// pixels relative to the world origin, plus 0.375.
+void FillPinPixels(ViewTransform& view, const std::vector<WirrelPin>& pose);
+
+// A forward drag of the selection by its hot pin: a move, a turn or a length change (DragMode). `grabbed`
+// is the pose-space pixel grabbed, `pressed` and `mouse` are client pixels; the pixel positions of the
+// pins come from the view. A drag merges into one command that keeps the pose before and after.
+class CommandPinFk : public WirrelCommand {
+public:
+    CommandPinFk(Vec2 grabbed, Vec2 pressed, Vec2 mouse, WirrelDoc& doc, const SelectionTracker& selection,
+                 int mode, const ViewTransform& view);
+    int GetType() const override { return kKindPinFk; }
+    void Undo() override;
+    void Redo() override;
+    bool Merge(ICommand& next) override;
+    unsigned RepeatModes() const override;
+    // Carries the drag's change of the moved pins to other frames, found by id.
+    bool Repeat(unsigned mask) override;
+
+private:
+    WirrelDoc& doc_;
+    PoseSnapshot before_;
+    PoseSnapshot after_;
+    int hot_;
+    int mode_;
+    std::set<int> selected_;
+};
+
+// Drags the hot pin to the mouse with the inverse kinematics solver, holding the selected and locked
+// pins, or with `single` only the pin's parent. The caller adds it only when `valid`.
+class CommandPinIk : public WirrelCommand {
+public:
+    CommandPinIk(WirrelDoc& doc, const SelectionTracker& selection, int mouseX, int mouseY,
+                 const ViewTransform& view, bool single);
+    int GetType() const override { return kKindPinIk; }
+    void Undo() override;
+    void Redo() override;
+    bool Merge(ICommand& next) override;
+
+    bool valid = false;
+
+private:
+    WirrelDoc& doc_;
+    PoseSnapshot before_;
+    PoseSnapshot after_;
+};
+
+// A new pin: its polar pair about its parent (or the origin), its parent in the current frame and its
+// name.
+struct PinDescription {
+    float angle = 0.0f;
+    float length = 0.0f;
+    int parent = -1;
+    std::string name;
+};
+
+// Adds one pin to every frame of the current animation, shown only in the current one, and selects it.
+class CommandPinNew : public WirrelCommand {
+public:
+    CommandPinNew(WirrelDoc& doc, SelectionTracker& selection, PinDescription pin);
+    int GetType() const override { return kKindPinNew; }
+    void Undo() override;
+    void Redo() override;
+
+private:
+    WirrelDoc& doc_;
+    SelectionTracker& selection_;
+    PinDescription pin_;
+    SelectionSnapshot selectionBefore_;
+};
+
+// Adds a root and its first child at once; the child's parent is the index the root will take, the
+// number of pins in the current frame.
+class CommandPinNew2 : public WirrelCommand {
+public:
+    CommandPinNew2(WirrelDoc& doc, SelectionTracker& selection, PinDescription first, PinDescription second);
+    int GetType() const override { return kKindPinNew2; }
+    void Undo() override;
+    void Redo() override;
+
+private:
+    WirrelDoc& doc_;
+    SelectionTracker& selection_;
+    PinDescription first_;
+    PinDescription second_;
+    SelectionSnapshot selectionBefore_;
+};
+
+// Hangs a pin under a pin of another tree, where it stands, inverting the chain above it, and makes it
+// an attachment. Within one tree the change is refused with a message and `valid` is false.
+class CommandPinParent : public WirrelCommand {
+public:
+    CommandPinParent(WirrelDoc& doc, SelectionTracker& selection, aurel::Prompt& window, int child,
+                     int newParent);
+    int GetType() const override { return kKindPinParent; }
+    void Undo() override;
+    void Redo() override;
+
+    bool valid = false;
+
+private:
+    WirrelDoc& doc_;
+    SelectionTracker& selection_;
+    aurel::Prompt& window_;
+    int child_;
+    int newParent_;
+    SelectionSnapshot selectionBefore_;
+    PoseSnapshot before_;
+};
+
+// Deletes pin `index` of the current frame: its children are freed and it is hidden there. When no
+// frame of the current animation uses it any more it leaves that animation's frames, and when no frame
+// of any animation does, the document, with the ids above it renumbered.
+void DeletePin(WirrelDoc& doc, int index);
+
+// Deletes the selected pins, with a lone parent or a lone child that would be left behind.
+class CommandPinDelete : public WirrelCommand {
+public:
+    CommandPinDelete(WirrelDoc& doc, SelectionTracker& selection);
+    int GetType() const override { return kKindPinDelete; }
+    void Undo() override;
+    void Redo() override;
+
+private:
+    WirrelDoc& doc_;
+    SelectionTracker& selection_;
+    SelectionSnapshot selectionBefore_;
+    // A deletion reaches every frame of every animation and the names.
+    std::vector<WirrelAnim> animsBefore_;
+    std::vector<Name32> namesBefore_;
+};
+
+// Changes the type of a pin in the current frame. A root is detached where it stands; a tail is built
+// from segment pins, and ending a tail gives the end pin the whole length back. Only a change that
+// builds or ends no tail can be repeated in other frames.
+class CommandPinType : public WirrelCommand {
+public:
+    CommandPinType(WirrelDoc& doc, int pin, PinType type);
+    int GetType() const override { return kKindPinType; }
+    void Undo() override;
+    void Redo() override;
+    unsigned RepeatModes() const override;
+    // Gives the pin the same type in the frames of the mode, found by id.
+    bool Repeat(unsigned mask) override;
+
+private:
+    // The change in one frame, for a type other than a tail on either side.
+    void ChangeIn(WirrelKey& key) const;
+
+    WirrelDoc& doc_;
+    int pin_;
+    int id_;
+    PinType type_;
+    bool tailChange_;  // the pin becomes or stops being a tail
+    // Building or ending a tail adds or deletes pins in all frames of the animation.
+    std::vector<WirrelAnim> animsBefore_;
+    std::vector<Name32> namesBefore_;
+};
 
 // Flips the inverse kinematics lock of a pin in the current frame; undo is the same flip.
 class CommandPinIkLock : public WirrelCommand {

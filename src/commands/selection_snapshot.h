@@ -20,4 +20,10 @@ struct SelectionSnapshot {
     SelectionTracker::Saved saved;
 };
 
+// Nothing selected and nothing hot.
+inline void ClearPins(SelectionTracker& selection) {
+    selection.Clear();
+    selection.SetHot(-1, 0);
+}
+
 }  // namespace kovra

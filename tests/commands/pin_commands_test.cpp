@@ -4,38 +4,56 @@
 
 #include <functional>
 #include <memory>
+#include <numeric>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "command_test.h"
 #include "commands/command_stack.h"
+#include "commands/repeat.h"
+#include "doc/pin_tree.h"
+#include "skeletons.h"
+#include "support/scripted_prompt.h"
 
 namespace kovra {
 namespace {
 
-// Two trees in one frame: root 0 with the chain 1, 2; root 3 with the bone 4. Ids are the indices.
-std::vector<WirrelPin> TwoTrees() {
-    return {WirrelPin{.angle = 0.0f, .length = 0.0f, .flags = Root, .parent = -1, .id = 0},
-            WirrelPin{.angle = 1.5707964f, .length = 2.0f, .flags = Bone, .parent = 0, .id = 1},
-            WirrelPin{.angle = 0.0f, .length = 3.0f, .flags = Bone, .parent = 1, .id = 2},
-            WirrelPin{.angle = 3.1415927f, .length = 5.0f, .flags = Root, .parent = -1, .id = 3},
-            WirrelPin{.angle = 4.712389f, .length = 1.0f, .flags = Attachment, .parent = 3, .id = 4}};
-}
+using test::TwoTrees;
 
 class PinCommandTest : public test::CommandTest {
 protected:
     void SetUp() override {
         doc.Reset(true);
         selection = SelectionTracker{};
-        Wirrel& w = doc.Wirrel();
-        w.pinNames = {MakeName("hip"), MakeName("leg"), MakeName("foot"), MakeName("box"), MakeName("lid")};
-        doc.CurrentKey().pins = TwoTrees();
+        test::UseTwoTrees(doc, 1);
         selection.Add(2, true);
         selection.Add(4, false);
         selection.SetHot(2, 1);
     }
     std::vector<WirrelPin>& Pins() { return doc.CurrentKey().pins; }
+    std::vector<PinPoint> Positions() {
+        std::vector<PinPoint> out;
+        PinPositions(doc.CurrentKey(), out);
+        return out;
+    }
+    void ExpectSamePositions(const std::vector<PinPoint>& expected) {
+        const std::vector<PinPoint> now = Positions();
+        ASSERT_EQ(now.size(), expected.size());
+        for (std::size_t i = 0; i < now.size(); ++i) {
+            EXPECT_NEAR(now[i].x, expected[i].x, 1e-5f) << "pin " << i;
+            EXPECT_NEAR(now[i].y, expected[i].y, 1e-5f) << "pin " << i;
+        }
+    }
+    std::vector<int> Ids(const WirrelKey& key) {
+        std::vector<int> ids;
+        for (const WirrelPin& pin : key.pins) {
+            ids.push_back(pin.id);
+        }
+        return ids;
+    }
+
+    test::ScriptedPrompt prompt;
     // The id of each record's parent, -1 for none: what a reorder must keep.
     std::vector<std::pair<int, int>> ParentIds() {
         std::vector<std::pair<int, int>> ids;
@@ -77,6 +95,25 @@ TEST_F(PinCommandTest, PinCommandsRoundTrip) {
          [&](WirrelDoc& d, SelectionTracker&) {
              return std::make_shared<CommandPinProperty>(d, "Set Angle", 200, 2, edited);
          }},
+        {"new pin",
+         [](WirrelDoc& d, SelectionTracker& s) {
+             return std::make_shared<CommandPinNew>(d, s, PinDescription{0.5f, 2.0f, 2, "toe"});
+         }},
+        {"new root and child",
+         [](WirrelDoc& d, SelectionTracker& s) {
+             return std::make_shared<CommandPinNew2>(d, s, PinDescription{1.0f, 4.0f, -1, "Pin5"},
+                                                     PinDescription{2.0f, 1.0f, 5, "Pin6"});
+         }},
+        {"parent onto another tree",
+         [this](WirrelDoc& d, SelectionTracker& s) {
+             return std::make_shared<CommandPinParent>(d, s, prompt, 4, 2);
+         }},
+        {"delete the selection",
+         [](WirrelDoc& d, SelectionTracker& s) { return std::make_shared<CommandPinDelete>(d, s); }},
+        {"type to root",
+         [](WirrelDoc& d, SelectionTracker&) { return std::make_shared<CommandPinType>(d, 2, Root); }},
+        {"type to tail",
+         [](WirrelDoc& d, SelectionTracker&) { return std::make_shared<CommandPinType>(d, 2, Tail); }},
         {"area selection",
          [](WirrelDoc& d, SelectionTracker& s) {
              ViewTransform view = ViewTransform::OfClient(100, 100);
@@ -226,6 +263,153 @@ TEST_F(PinCommandTest, AabbsAreSortedChainedAndStayAfterUndo) {
     second.Undo();
     EXPECT_EQ(w.aabbs.size(), 2u);
     EXPECT_EQ(w.aabbs[0].next, 1);
+}
+
+TEST_F(PinCommandTest, ANewPinIsInEveryFrameOfTheAnimationAndShownInTheCurrentOne) {
+    test::UseTwoTrees(doc, 3);
+    doc.AddAnim("Other", kAnimFromCurrentKey, -1);
+    doc.cursor.animIndex = 0;
+    doc.cursor.animName = doc.Wirrel().anims[0].name;
+    doc.SetFrame(1);
+    CommandPinNew command(doc, selection, PinDescription{0.5f, 2.0f, 2, "toe"});
+    for (std::size_t k = 0; k < 3; ++k) {
+        const WirrelPin& toe = doc.CurrentAnim().keys[k].pins.at(5);
+        EXPECT_EQ(
+            toe,
+            (WirrelPin{
+                .angle = 0.5f, .length = 2.0f, .flags = k == 1 ? 0u : kPinHidden, .parent = 2, .id = 5}));
+    }
+    EXPECT_EQ(doc.Wirrel().anims[1].keys[0].pins.size(), 5u);
+    EXPECT_EQ(NameOf(doc.Wirrel().pinNames[5]), "toe");
+    EXPECT_EQ(selection.selected, std::set<int>{5});
+    EXPECT_EQ(selection.currentItem, 5);
+    EXPECT_EQ(selection.hotItem, 5);
+}
+
+TEST_F(PinCommandTest, ParentingJoinsTwoTreesWhereTheyStandAndRefusesALoop) {
+    const std::vector<PinPoint> before = Positions();
+    CommandPinParent joined(doc, selection, prompt, 4, 2);
+    EXPECT_TRUE(joined.valid);
+    EXPECT_EQ(Pins()[4].parent, 2);
+    EXPECT_EQ(Pins()[4].Type(), Attachment);
+    EXPECT_EQ(Pins()[3].parent, 4);  // the chain above the child now hangs below it
+    EXPECT_EQ(selection.currentItem, 4);
+    ExpectSamePositions(before);
+
+    SetUp();
+    const test::DocState start = State();
+    CommandPinParent loop(doc, selection, prompt, 2, 0);
+    EXPECT_FALSE(loop.valid);
+    ASSERT_EQ(prompt.asked.size(), 1u);
+    EXPECT_EQ(prompt.asked[0].text.Utf8(), "Invalid action. Creating this bone would form a loop.");
+    EXPECT_EQ(State(), start);
+}
+
+TEST_F(PinCommandTest, DeletingTakesALoneParentOrALoneChildAlong) {
+    struct Case {
+        std::string name;
+        std::set<int> selected;
+        std::vector<std::string> namesLeft;
+    };
+    const std::vector<Case> cases = {
+        {"a childless pin whose root has no other child", {4}, {"hip", "leg", "foot"}},
+        {"a root with one childless child", {3}, {"hip", "leg", "foot"}},
+        {"a pin with children stays alone", {1}, {"hip", "foot", "box", "lid"}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        SetUp();
+        selection.Clear();
+        for (int pin : c.selected) {
+            selection.Add(pin, true);
+        }
+        const std::vector<PinPoint> before = Positions();
+        CommandPinDelete command(doc, selection);
+        std::vector<std::string> names;
+        for (const Name32& name : doc.Wirrel().pinNames) {
+            names.emplace_back(NameOf(name));
+        }
+        EXPECT_EQ(names, c.namesLeft);
+        EXPECT_TRUE(selection.selected.empty());
+        EXPECT_EQ(selection.hotItem, -1);
+        // Ids follow the names, and freed pins stay where they were.
+        EXPECT_EQ(Ids(doc.CurrentKey()), [&] {
+            std::vector<int> ids(names.size());
+            std::iota(ids.begin(), ids.end(), 0);
+            return ids;
+        }());
+    }
+    const std::vector<PinPoint> positions = Positions();
+    EXPECT_EQ(Pins()[1].parent, -1);  // "foot", freed where it stood
+    EXPECT_EQ(Pins()[1].Type(), Root);
+    EXPECT_NEAR(positions[1].x, 3.0f, 1e-5f);
+    EXPECT_NEAR(positions[1].y, 2.0f, 1e-5f);
+}
+
+TEST_F(PinCommandTest, APinLeavesTheDocumentOnlyWhenNoFrameUsesItAnyMore) {
+    test::UseTwoTrees(doc, 2);
+    doc.AddAnim("Other", kAnimFromCurrentKey, -1);  // holds the pins too, and shows them
+    doc.cursor.animIndex = 0;
+    doc.cursor.animName = doc.Wirrel().anims[0].name;
+    doc.SetFrame(1);
+    auto deleteIn = [&](std::uint32_t frame, int pin) {
+        doc.SetFrame(frame);
+        selection.Clear();
+        selection.Add(pin, true);
+        return std::make_shared<CommandPinDelete>(doc, selection);
+    };
+    const test::DocState start = State();
+    auto first = deleteIn(1, 1);  // frame 0 still shows it: hidden here only, its child freed
+    EXPECT_EQ(doc.CurrentAnim().keys[1].pins[1].flags, Bone | kPinHidden);
+    EXPECT_EQ(doc.CurrentAnim().keys[1].pins[2].parent, -1);
+    EXPECT_EQ(doc.CurrentAnim().keys[0].pins[1].flags, Bone);
+    auto second = deleteIn(0, 1);  // the other animation still shows it: it leaves this animation only
+    EXPECT_EQ(Ids(doc.CurrentAnim().keys[0]), (std::vector<int>{0, 2, 3, 4}));
+    EXPECT_EQ(Ids(doc.CurrentAnim().keys[1]), (std::vector<int>{0, 2, 3, 4}));
+    EXPECT_EQ(doc.CurrentAnim().keys[0].pins[1].parent, -1);
+    EXPECT_EQ(doc.Wirrel().pinNames.size(), 5u);
+
+    doc.cursor.animIndex = 1;
+    auto third = deleteIn(0, 1);  // the last user: it leaves the document, ids above it drop
+    EXPECT_EQ(doc.Wirrel().pinNames.size(), 4u);
+    EXPECT_EQ(Ids(doc.Wirrel().anims[0].keys[1]), (std::vector<int>{0, 1, 2, 3}));
+    EXPECT_EQ(Ids(doc.Wirrel().anims[1].keys[0]), (std::vector<int>{0, 1, 2, 3}));
+    EXPECT_EQ(doc.Wirrel().anims[1].keys[0].pins[3].parent, 2);
+
+    third->Undo();
+    doc.cursor.animIndex = 0;
+    second->Undo();
+    first->Undo();
+    doc.SetFrame(1);
+    EXPECT_EQ(State().wirrel, start.wirrel);
+}
+
+TEST_F(PinCommandTest, ATailIsBuiltFromSegmentsAndEndedBackIntoOnePin) {
+    CommandPinType tail(doc, 2, Tail);
+    ASSERT_EQ(doc.Wirrel().pinNames.size(), 7u);
+    EXPECT_EQ(NameOf(doc.Wirrel().pinNames[5]), "Segment 1");
+    EXPECT_EQ(Pins()[2].flags & (kPinTypeMask | kTailSegment), Tail | kTailEnd);
+    EXPECT_EQ(Pins()[6].flags & (kPinTypeMask | kTailSegment), Tail | kTailSegment);
+    EXPECT_EQ(Pins()[5].flags & (kPinTypeMask | kTailSegment), Tail | kTailAnchor);
+    EXPECT_EQ(RepeatModesOf(tail), 0u);
+    CommandPinType bone(doc, 2, Bone);
+    EXPECT_EQ(doc.Wirrel().pinNames.size(), 5u);
+    EXPECT_EQ(Pins()[2].parent, 1);
+    EXPECT_NEAR(Pins()[2].length, 3.0f, 1e-5f);
+    EXPECT_EQ(Pins()[2].Type(), Bone);
+}
+
+TEST_F(PinCommandTest, ATypeChangeRepeatsOverTheFramesOfItsMode) {
+    test::UseTwoTrees(doc, 3);
+    auto command = std::make_shared<CommandPinType>(doc, 2, Attachment);
+    EXPECT_EQ(RepeatModesOf(*command), kRepeatAll);
+    CommandRepeat repeat(doc, command, 0x001);
+    EXPECT_EQ(doc.CurrentAnim().keys[0].pins[2].Type(), Bone);
+    EXPECT_EQ(doc.CurrentAnim().keys[2].pins[2].Type(), Attachment);
+    EXPECT_EQ(repeat.label.Utf8(), "Repeat Change pin type");
+    repeat.Undo();
+    EXPECT_EQ(doc.CurrentAnim().keys[2].pins[2].Type(), Bone);
+    EXPECT_EQ(doc.CurrentAnim().keys[1].pins[2].Type(), Attachment);  // the command itself stays
 }
 
 }  // namespace
