@@ -57,6 +57,7 @@ CommandAnimDelete::CommandAnimDelete(WirrelDoc& doc, SelectionTracker& selection
       animsBefore_(doc.Wirrel().anims),
       index_(doc.cursor.animIndex),
       cursorBefore_(doc.cursor),
+      listBefore_(hub.AnimListSelection()),
       selectionBefore_(selection) {
     Redo();
 }
@@ -78,7 +79,7 @@ void CommandAnimDelete::Undo() {
     doc_.Wirrel().anims = animsBefore_;
     doc_.onAnimAdded.Call(index_);
     doc_.cursor = cursorBefore_;
-    hub_.SetAnimListSelection(index_);
+    hub_.SetAnimListSelection(listBefore_);
     selectionBefore_.Restore(selection_);
     doc_.onChanged.Call();
 }

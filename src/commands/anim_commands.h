@@ -64,6 +64,7 @@ private:
     std::vector<WirrelAnim> animsBefore_;
     int index_;
     PlayCursor cursorBefore_;
+    int listBefore_;
     SelectionSnapshot selectionBefore_;
 };
 

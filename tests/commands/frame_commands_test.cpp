@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <numeric>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,28 @@ WirrelKey MakeFrame(int i, std::uint32_t ticks) {
         .ticks = ticks,
         .eventFirst = i - 1,
         .eventCount = i > 0 ? 1 : 0};
+}
+
+// Pins 0 and 1 of frames 0 and 1 of the current animation share one skin; pin 1 of frame 2 has its own.
+void ShareASkin(WirrelDoc& d) {
+    d.Wirrel().textures = {WirrelTexture{.imageIndex = 0, .width = 8, .height = 4}};
+    d.Wirrel().skins = {
+        WirrelSkin{.texture = 0, .offsetX = 0.5f, .offsetY = 0.25f, .scaleX = 2.0f, .angle = 0.5f},
+        WirrelSkin{.texture = 0, .scaleY = 3.0f}};
+    for (int k = 0; k < 2; ++k) {
+        d.CurrentAnim().keys[k].pins[0].skin = 0;
+        d.CurrentAnim().keys[k].pins[1].skin = 0;
+    }
+    d.CurrentAnim().keys[2].pins[1].skin = 1;
+}
+
+// Three animations, "Default", "Walk" and "Run", with `current` current; the pin selection has pin 1.
+void AddAnimations(WirrelDoc& d, int current) {
+    d.AddAnim("Walk", kAnimCopy, -1);
+    d.AddAnim("Run", kAnimFromFirstKey, -1);
+    d.cursor.animIndex = current;
+    d.cursor.animName = d.Wirrel().anims[current].name;
+    d.SetFrame(0);
 }
 
 class FrameCommandTest : public test::CommandTest {
@@ -96,6 +119,26 @@ TEST_F(FrameCommandTest, EveryFrameAndAnimationCommandRoundTrips) {
         {"new animation named like another", [](WirrelDoc& d) { d.AddAnim("Default", kAnimCopy, -1); },
          [](WirrelDoc& d, SelectionTracker& s, EditorHub& h) {
              return std::make_shared<CommandAnimNew>(d, s, h, "Default", 1200u);
+         }},
+        {"mirror", nullptr,
+         [](WirrelDoc& d, SelectionTracker&, EditorHub&) {
+             return std::make_shared<CommandFrameReflect>(d, 1);
+         }},
+        {"flip with a shared skin", [](WirrelDoc& d) { ShareASkin(d); },
+         [](WirrelDoc& d, SelectionTracker&, EditorHub&) {
+             return std::make_shared<CommandFrameReflect>(d, 0);
+         }},
+        {"delete the current animation", [](WirrelDoc& d) { AddAnimations(d, 0); },
+         [](WirrelDoc& d, SelectionTracker& s, EditorHub& h) {
+             return std::make_shared<CommandAnimDelete>(d, s, h);
+         }},
+        {"delete the last animation", [](WirrelDoc& d) { AddAnimations(d, 2); },
+         [](WirrelDoc& d, SelectionTracker& s, EditorHub& h) {
+             return std::make_shared<CommandAnimDelete>(d, s, h);
+         }},
+        {"select an animation", [](WirrelDoc& d) { AddAnimations(d, 0); },
+         [](WirrelDoc& d, SelectionTracker& s, EditorHub& h) {
+             return std::make_shared<CommandAnimSel>(d, s, h, 2);
          }},
         {"rename animation", nullptr,
          [](WirrelDoc& d, SelectionTracker&, EditorHub&) {
@@ -192,6 +235,58 @@ TEST_F(FrameCommandTest, ANewAnimationStartsFromTheCurrentPoseAndClearsThePinSel
     EXPECT_EQ(hub.animListSelection, 1);
     EXPECT_TRUE(selection.selected.empty());
     EXPECT_EQ(selection.hotItem, -1);
+}
+
+TEST_F(FrameCommandTest, ReflectingTwiceGivesTheFrameBackAndLeavesSharedSkinsAlone) {
+    for (const int axis : {0, 1}) {
+        SCOPED_TRACE(axis);
+        SetUp();
+        ShareASkin(doc);
+        const Wirrel before = doc.Wirrel();
+        CommandFrameReflect once(doc, axis);
+        EXPECT_EQ(doc.Wirrel().skins[0], before.skins[0]);  // frame 0 still uses it
+        EXPECT_EQ(doc.CurrentAnim().keys[0], before.anims[0].keys[0]);
+        const WirrelSkin& turned = doc.Wirrel().skins[Keys()[1].pins[1].skin];
+        EXPECT_EQ(turned.scaleX, axis == 1 ? -2.0f : 2.0f);
+        EXPECT_EQ(turned.scaleY, axis == 1 ? 1.0f : -1.0f);
+        EXPECT_EQ(turned.offsetY, -0.25f);
+        CommandFrameReflect twice(doc, axis);
+        for (std::size_t i = 0; i < Keys()[1].pins.size(); ++i) {
+            const WirrelPin& pin = Keys()[1].pins[i];
+            EXPECT_NEAR(pin.angle, before.anims[0].keys[1].pins[i].angle, 1e-6f);
+            const WirrelSkin& skin = doc.Wirrel().skins[pin.skin];
+            EXPECT_NEAR(skin.angle, 0.5f, 1e-6f);
+            EXPECT_EQ(skin.scaleX, 2.0f);
+            EXPECT_EQ(skin.scaleY, 1.0f);
+            EXPECT_EQ(skin.offsetY, 0.25f);
+        }
+    }
+}
+
+TEST_F(FrameCommandTest, DeletingAnAnimationMakesItsNeighbourCurrent) {
+    AddAnimations(doc, 1);
+    CommandAnimDelete middle(doc, selection, hub);
+    EXPECT_EQ(doc.Wirrel().anims.size(), 2u);
+    EXPECT_EQ(doc.cursor.animIndex, 1);
+    EXPECT_EQ(NameOf(doc.cursor.animName), "Run");
+    EXPECT_EQ(hub.animListSelection, 1);
+    EXPECT_TRUE(selection.selected.empty());
+    CommandAnimDelete last(doc, selection, hub);
+    EXPECT_EQ(doc.cursor.animIndex, 0);
+    EXPECT_EQ(NameOf(doc.cursor.animName), "Default");
+}
+
+TEST_F(FrameCommandTest, SelectingAnAnimationKeepsThePinsOnlyIfTheHotPinIsShownThere) {
+    AddAnimations(doc, 0);
+    doc.Wirrel().anims[1].keys[0].pins[1].flags |= kPinHidden;
+    CommandAnimSel shown(doc, selection, hub, 2);
+    EXPECT_EQ(selection.selected, std::set<int>{1});
+    EXPECT_EQ(doc.cursor.animIndex, 2);
+    EXPECT_EQ(NameOf(doc.cursor.otherAnimName), "Default");
+    CommandAnimSel hidden(doc, selection, hub, 1);
+    EXPECT_TRUE(selection.selected.empty());
+    EXPECT_EQ(selection.hotItem, -1);
+    EXPECT_EQ(hub.animListSelection, 1);
 }
 
 }  // namespace
