@@ -93,14 +93,15 @@ CommandAnimSel::CommandAnimSel(WirrelDoc& doc, SelectionTracker& selection, Edit
       cursorBefore_(doc.cursor),
       listBefore_(hub.AnimListSelection()),
       selectionBefore_(selection) {
+    const int hot = selection.hotItem;
+    const WirrelKey& target = doc.Wirrel().anims[index].keys.front();
+    const int at = hot >= 0 ? FindPin(doc.CurrentKey().pins[hot].id, hot, target) : -1;
+    keepsPins_ = at >= 0 && !IsHidden(target, at);
     Redo();
 }
 
 void CommandAnimSel::Redo() {
-    const int hot = selection_.hotItem;
-    const WirrelKey& target = doc_.Wirrel().anims[index_].keys.front();
-    const int at = hot >= 0 ? FindPin(doc_.CurrentKey().pins[hot].id, hot, target) : -1;
-    if (at < 0 || IsHidden(target, at)) {
+    if (!keepsPins_) {
         ClearPins(selection_);
     }
     SwitchAnimation(doc_, index_);

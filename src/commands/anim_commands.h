@@ -85,6 +85,7 @@ private:
     PlayCursor cursorBefore_;
     int listBefore_;
     SelectionSnapshot selectionBefore_;
+    bool keepsPins_ = false;  // the hot pin is shown in the new animation's first frame
 };
 
 }  // namespace kovra

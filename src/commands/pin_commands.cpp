@@ -309,6 +309,9 @@ void DeletePin(WirrelDoc& doc, int index) {
     // Other animations still use it: it leaves only this one, and ids stay as they are.
     for (WirrelKey& key : doc.CurrentAnim().keys) {
         const int at = FindPin(id, index, key);
+        if (at < 0) {
+            continue;
+        }
         key.pins.erase(key.pins.begin() + at);
         for (WirrelPin& pin : key.pins) {
             pin.parent -= pin.parent > at ? 1 : 0;
@@ -328,8 +331,9 @@ CommandPinDelete::CommandPinDelete(WirrelDoc& doc, SelectionTracker& selection)
 
 void CommandPinDelete::Redo() {
     const WirrelKey& key = doc_.CurrentKey();
-    std::set<int> doomed = selection_.selected;
-    for (int p : selection_.selected) {
+    const std::set<int>& selected = selectionBefore_.saved.selected;
+    std::set<int> doomed = selected;
+    for (int p : selected) {
         const int parent = key.pins[p].parent;
         // No lone end may stay behind: a root left without its only bone, or a bone without its root.
         if (parent >= 0 && ChildCount(key, parent) == 1 && key.pins[parent].parent < 0 &&
