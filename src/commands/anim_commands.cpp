@@ -93,9 +93,10 @@ CommandAnimSel::CommandAnimSel(WirrelDoc& doc, SelectionTracker& selection, Edit
       cursorBefore_(doc.cursor),
       listBefore_(hub.AnimListSelection()),
       selectionBefore_(selection) {
+    const std::vector<WirrelPin>& pins = doc.CurrentKey().pins;
     const int hot = selection.hotItem;
     const WirrelKey& target = doc.Wirrel().anims[index].keys.front();
-    const int at = hot >= 0 ? FindPin(doc.CurrentKey().pins[hot].id, hot, target) : -1;
+    const int at = hot >= 0 && hot < static_cast<int>(pins.size()) ? FindPin(pins[hot].id, hot, target) : -1;
     keepsPins_ = at >= 0 && !IsHidden(target, at);
     Redo();
 }

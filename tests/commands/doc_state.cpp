@@ -12,10 +12,14 @@ auto CursorTie(const PlayCursor& c) {
 
 }  // namespace
 
+bool SameCursor(const PlayCursor& a, const PlayCursor& b) {
+    return CursorTie(a) == CursorTie(b);
+}
+
 bool DocState::operator==(const DocState& other) const {
-    return wirrel == other.wirrel && CursorTie(cursor) == CursorTie(other.cursor) &&
-           snapFrames == other.snapFrames && hotItem == other.hotItem && hotPart == other.hotPart &&
-           selection == other.selection && animList == other.animList;
+    return wirrel == other.wirrel && SameCursor(cursor, other.cursor) && snapFrames == other.snapFrames &&
+           hotItem == other.hotItem && hotPart == other.hotPart && selection == other.selection &&
+           animList == other.animList;
 }
 
 DocState Capture(const WirrelDoc& doc, const SelectionTracker& selection, const RecordingHub& hub) {

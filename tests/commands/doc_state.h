@@ -26,6 +26,8 @@ struct DocState {
     bool operator==(const DocState& other) const;
 };
 
+bool SameCursor(const PlayCursor& a, const PlayCursor& b);
+
 DocState Capture(const WirrelDoc& doc, const SelectionTracker& selection, const RecordingHub& hub);
 
 // A readable summary for failure messages.
