@@ -128,6 +128,11 @@ TEST_F(PinCommandTest, PinCommandsRoundTrip) {
     }
 }
 
+TEST_F(PinCommandTest, EndingATailRoundTrips) {
+    MakeTail(doc, 2);
+    ExpectRoundTrip([&] { return std::make_shared<CommandPinType>(doc, 2, Attachment); });
+}
+
 TEST_F(PinCommandTest, IkLockTwiceIsTheIdentity) {
     const std::vector<WirrelPin> before = Pins();
     CommandPinIkLock lock(3, doc);

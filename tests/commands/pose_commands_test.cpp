@@ -90,6 +90,9 @@ TEST_F(PoseCommandTest, EveryPosingCommandRoundTrips) {
     SetUp();
     Grab(2);
     ExpectRoundTrip([&] { return std::make_shared<CommandPinIk>(doc, selection, 416, 304, view, false); });
+    SetUp();
+    auto drag = Move(-30, -40, kDragMove);
+    ExpectRoundTrip([&] { return std::make_shared<CommandRepeat>(doc, drag, 0x080); });
 }
 
 TEST_F(PoseCommandTest, AHundredMoveDragIsOneStepKeepingTheStartAndTheEnd) {
