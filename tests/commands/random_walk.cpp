@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "anim/forward.h"
 #include "commands/anim_commands.h"
 #include "commands/command_stack.h"
 #include "commands/frame_commands.h"
@@ -13,7 +12,6 @@
 #include "commands/repeat.h"
 #include "doc/wirrel_writer.h"
 #include "doc_state.h"
-#include "recording_hub.h"
 
 namespace kovra::test {
 namespace {
@@ -23,11 +21,10 @@ public:
     int Ask(const aurel::PromptRequest& request) override { return aurel::SafeAnswer(request); }
 };
 
-// What the comparison looks at: the document as its writer saves it, and where playback stands.
+// What is compared: the document as its writer saves it, and where playback stands.
 struct Saved {
     std::vector<std::uint8_t> bytes;
     PlayCursor cursor;
-
     bool operator==(const Saved& other) const {
         return bytes == other.bytes && SameCursor(cursor, other.cursor);
     }
@@ -43,65 +40,48 @@ public:
         return Saved{WriteWirrel(doc_.Wirrel(), {}, editor), doc_.cursor};
     }
 
-    // One gesture; false when the pose of the current frame is no longer a tree.
+    // One gesture; false when the current frame's pose is no longer a tree.
     bool Step() {
         const int choice = Pick(0, 99);
-        if (Pins().empty() && choice < 60) {
-            NewPin();
-        } else if (choice < 8) {
-            NewPin();
-        } else if (choice < 10) {
-            NewRootAndChild();
-        } else if (choice < 24) {
+        const int anims = static_cast<int>(doc_.Wirrel().anims.size());
+        if (choice < 12 || (Pins().empty() && choice < 60)) {
+            const int parent = Pins().empty() || Pick(0, 3) == 0 ? -1 : AnyPin();
+            const PinDescription pin{PickFloat(0, 6.2f), PickFloat(0, 4), parent,
+                                     "Pin" + std::to_string(++names_)};
+            Add(std::make_shared<CommandPinNew>(doc_, selection_, pin));
+        } else if (choice < 28) {
             DragForward();
-        } else if (choice < 31) {
+        } else if (choice < 36) {
             DragInverse();
-        } else if (choice < 35) {
-            Reparent();
-        } else if (choice < 40) {
+        } else if (choice < 41) {
+            // Onto its own tree the change is refused, and nothing is sent.
+            auto command = std::make_shared<CommandPinParent>(doc_, selection_, silent_, AnyPin(), AnyPin());
+            Add(command->valid ? command : nullptr);
+        } else if (choice < 47) {
             Add(std::make_shared<CommandPinType>(doc_, AnyPin(), static_cast<PinType>(Pick(0, 5))));
-        } else if (choice < 44) {
+        } else if (choice < 52) {
             Add(std::make_shared<CommandPinOrder>(doc_, selection_, "Change Draw Order", AnyPin(), AnyPin()));
-        } else if (choice < 49) {
+        } else if (choice < 58) {
             SelectSome();
             Add(std::make_shared<CommandPinDelete>(doc_, selection_));
-        } else if (choice < 51) {
-            Add(std::make_shared<CommandPinIkLock>(AnyPin(), doc_));
-        } else if (choice < 53) {
-            Add(std::make_shared<CommandPinName>(doc_, AnyPin(), "Name" + std::to_string(++names_)));
-        } else if (choice < 56) {
-            EditProperty();
-        } else if (choice < 60) {
-            SelectArea();
-        } else if (choice < 65) {
-            NewFrame();
+        } else if (choice < 64) {
+            WirrelKey frame = doc_.CurrentKey();
+            frame.ticks /= 2;
+            Add(std::make_shared<CommandFrameNew>(doc_, frame, static_cast<int>(doc_.cursor.frameIndex)));
         } else if (choice < 70) {
             Add(std::make_shared<CommandFrameSel>(doc_, AnyFrame()));
-        } else if (choice < 73) {
-            if (doc_.cursor.frameIndex > 0) {
-                Add(std::make_shared<CommandFrameDelete>(doc_));
-            }
-        } else if (choice < 75) {
-            Add(std::make_shared<CommandFrameReflect>(doc_, Pick(0, 1)));
+        } else if (choice < 74) {
+            Add(doc_.cursor.frameIndex > 0 ? std::make_shared<CommandFrameDelete>(doc_) : nullptr);
         } else if (choice < 77) {
-            Add(std::make_shared<CommandFrameReplace>(doc_, AnyFrame(), doc_.CurrentAnim().keys[AnyFrame()]));
-        } else if (choice < 79) {
-            Tween();
+            Add(std::make_shared<CommandFrameReflect>(doc_, Pick(0, 1)));
         } else if (choice < 80) {
-            Add(std::make_shared<CommandFrameSpeed>(doc_, 0.25f * static_cast<float>(Pick(1, 8))));
-        } else if (choice < 81) {
-            Add(std::make_shared<CommandFrameSnap>(doc_, static_cast<std::uint32_t>(Pick(1, 12))));
-        } else if (choice < 84) {
             Add(std::make_shared<CommandAnimNew>(doc_, selection_, hub_, "Anim" + std::to_string(++names_),
                                                  static_cast<std::uint32_t>(Pick(100, 2400))));
-        } else if (choice < 85) {
+        } else if (choice < 82) {
             Add(std::make_shared<CommandAnimName>(doc_, "Anim" + std::to_string(++names_)));
-        } else if (choice < 87) {
-            if (doc_.Wirrel().anims.size() > 1) {
-                Add(std::make_shared<CommandAnimDelete>(doc_, selection_, hub_));
-            }
-        } else if (choice < 90) {
-            const int anims = static_cast<int>(doc_.Wirrel().anims.size());
+        } else if (choice < 84) {
+            Add(anims > 1 ? std::make_shared<CommandAnimDelete>(doc_, selection_, hub_) : nullptr);
+        } else if (choice < 88) {
             Add(std::make_shared<CommandAnimSel>(doc_, selection_, hub_, Pick(0, anims - 1)));
         } else if (choice < 96) {
             RepeatTop();
@@ -124,7 +104,11 @@ private:
         return static_cast<std::uint32_t>(Pick(0, static_cast<int>(doc_.FrameCount()) - 1));
     }
 
-    void Add(const std::shared_ptr<ICommand>& command) { stack_.AddCommand(command); }
+    void Add(const std::shared_ptr<ICommand>& command) {
+        if (command) {
+            stack_.AddCommand(command);
+        }
+    }
 
     // The selection as a click on a pin leaves it, sometimes with a second pin held by Ctrl.
     int SelectSome() {
@@ -138,29 +122,6 @@ private:
         return hot;
     }
 
-    PinDescription Description(int parent) {
-        return PinDescription{PickFloat(0.0f, 6.2f), PickFloat(0.0f, 4.0f), parent,
-                              "Pin" + std::to_string(++names_)};
-    }
-
-    void NewPin() {
-        const int parent = Pins().empty() || Pick(0, 3) == 0 ? -1 : AnyPin();
-        Add(std::make_shared<CommandPinNew>(doc_, selection_, Description(parent)));
-    }
-
-    void NewRootAndChild() {
-        const int root = static_cast<int>(Pins().size());
-        Add(std::make_shared<CommandPinNew2>(doc_, selection_, Description(-1), Description(root)));
-    }
-
-    // A pin dropped onto another; onto its own tree the change is refused and nothing is sent.
-    void Reparent() {
-        auto command = std::make_shared<CommandPinParent>(doc_, selection_, silent_, AnyPin(), AnyPin());
-        if (command->valid) {
-            Add(command);
-        }
-    }
-
     void DragForward() {
         const int hot = SelectSome();
         const int mode = Pick(0, 2);
@@ -169,7 +130,7 @@ private:
         const Vec2 pressed{grabbed.x + view_.OriginX(), grabbed.y + view_.OriginY()};
         Vec2 mouse = pressed;
         for (int move = Pick(1, 20); move > 0; --move) {
-            mouse = {mouse.x + PickFloat(-6.0f, 6.0f), mouse.y + PickFloat(-6.0f, 6.0f)};
+            mouse = {mouse.x + PickFloat(-6, 6), mouse.y + PickFloat(-6, 6)};
             Add(std::make_shared<CommandPinFk>(grabbed, pressed, mouse, doc_, selection_, mode, view_));
             FillPinPixels(view_, Pins());
         }
@@ -182,58 +143,15 @@ private:
         for (int move = Pick(1, 10); move > 0; --move) {
             auto command = std::make_shared<CommandPinIk>(doc_, selection_, Pick(0, view_.clientWidth),
                                                           Pick(0, view_.clientHeight), view_, single);
-            if (command->valid) {
-                Add(command);
-            }
+            Add(command->valid ? command : nullptr);
         }
-        // The workspace ends every posing drag with the forward kind; an open IK drag is frozen by the
-        // next command instead.
+        // The workspace ends every posing drag with the forward kind: an open IK drag stays open until
+        // the next command freezes it.
         stack_.FinishDrag(kKindPinFk, true);
     }
 
-    void EditProperty() {
-        const int pin = AnyPin();
-        WirrelPin record = Pins()[pin];
-        record.angle = PickFloat(0.0f, 6.2f);
-        record.scale = PickFloat(0.5f, 2.0f);
-        Add(std::make_shared<CommandPinProperty>(doc_, "Set Angle", 200 + Pick(0, 2), pin, record));
-    }
-
-    void SelectArea() {
-        const SelectionTracker::Saved atPress = selection_.Snapshot();
-        FillPinPixels(view_, Pins());
-        const bool add = Pick(0, 1) == 0;
-        for (int move = Pick(1, 5); move > 0; --move) {
-            Add(std::make_shared<CommandPinSelArea>(PickFloat(0, 640), PickFloat(0, 480), PickFloat(0, 640),
-                                                    PickFloat(0, 480), doc_, selection_, view_, add,
-                                                    atPress));
-        }
-        stack_.FinishDrag(kKindPinSelArea, true);
-    }
-
-    void NewFrame() {
-        const std::uint32_t previous = doc_.cursor.frameIndex;
-        WirrelKey frame = doc_.CurrentKey();
-        frame.ticks = doc_.CurrentKey().ticks / 2;
-        Add(std::make_shared<CommandFrameNew>(doc_, std::move(frame), static_cast<int>(previous)));
-    }
-
-    // A micro-keyframe edit: one pin turned in every frame of the animation.
-    void Tween() {
-        if (Pins().empty()) {
-            return;
-        }
-        std::vector<WirrelKey> after = doc_.CurrentAnim().keys;
-        const int pin = AnyPin();
-        for (WirrelKey& key : after) {
-            key.pins[pin].angle = NormalizeAngle(key.pins[pin].angle + 0.1f);
-            key.pins[pin].flags |= kPinTweened;
-        }
-        Add(std::make_shared<CommandFrameState>(doc_, "Micro Keyframe Tweening", 62, std::move(after)));
-    }
-
-    // The history dialog's repeat of the top command, when it is frozen and offers a mode; else a drag
-    // is made first to have something to repeat.
+    // The history dialog's repeat of the top command in one of the modes it offers; a drag is made
+    // first when the top offers none.
     void RepeatTop() {
         if (Pins().empty()) {
             return;
@@ -241,19 +159,15 @@ private:
         if (!stack_.CanUndo() || RepeatModesOf(*stack_.TopCommand()) == 0) {
             DragForward();
         }
-        if (!stack_.IsTopFrozen()) {
-            return;
-        }
-        const std::shared_ptr<ICommand> top = stack_.TopCommand();
         std::vector<unsigned> offered;
         for (const RepeatMode& mode : kRepeatModes) {
-            if ((RepeatModesOf(*top) & mode.mask) != 0) {
+            if ((RepeatModesOf(*stack_.TopCommand()) & mode.mask) != 0) {
                 offered.push_back(mode.mask);
             }
         }
-        if (!offered.empty()) {
+        if (stack_.IsTopFrozen() && !offered.empty()) {
             const unsigned mask = offered[Pick(0, static_cast<int>(offered.size()) - 1)];
-            Add(std::make_shared<CommandRepeat>(doc_, top, mask));
+            Add(std::make_shared<CommandRepeat>(doc_, stack_.TopCommand(), mask));
         }
     }
 
@@ -263,9 +177,7 @@ private:
             hub_.playing = Pick(0, 3) == 0;
             const std::uint32_t stop = AnyFrame();
             hub_.onStop = [this, stop] {
-                if (stop != doc_.cursor.frameIndex) {
-                    Add(std::make_shared<CommandFrameSel>(doc_, stop));
-                }
+                Add(stop != doc_.cursor.frameIndex ? std::make_shared<CommandFrameSel>(doc_, stop) : nullptr);
             };
             stack_.UndoRedo(false, hub_);
         }
@@ -300,9 +212,6 @@ WalkResult RunRandomWalk(std::uint32_t seed, int steps) {
     result.commands = walk.stack_.Size();
     result.pins = walk.doc_.PinCount();
     result.anims = walk.doc_.Wirrel().anims.size();
-    for (const WirrelAnim& anim : walk.doc_.Wirrel().anims) {
-        result.frames += anim.keys.size();
-    }
     result.bytes = end.bytes.size();
     result.end = walk.doc_.Wirrel();
 

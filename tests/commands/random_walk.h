@@ -1,7 +1,7 @@
 #pragma once
 // A seeded random walk over the commands: a new document is built by random gestures as the editor's
 // views would make them (pins made, posed by FK and IK drags, re-parented, retyped, reordered, deleted;
-// frames made, moved, deleted, reflected; animations made, renamed, deleted, chosen; repeats; now and
+// frames made, chosen, deleted, reflected; animations made, renamed, deleted, chosen; repeats; now and
 // then a few undos, also during playback, so that new commands cut redo tails). Then the whole history
 // is undone and redone. The document is compared by the bytes its writer makes, with the play cursor.
 
@@ -18,8 +18,7 @@ struct WalkResult {
     std::size_t commands = 0;  // on the stack at the end
     std::size_t pins = 0;      // in the document at the end
     std::size_t anims = 0;
-    std::size_t frames = 0;  // over all animations
-    std::size_t bytes = 0;   // of the document file at the end
+    std::size_t bytes = 0;  // of the document file at the end
     bool undoneToStart = false;
     bool redoneToEnd = false;
     std::string failure;  // what went wrong first, empty when nothing did

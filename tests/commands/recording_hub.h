@@ -1,6 +1,6 @@
 #pragma once
-// An EditorHub for tests: it keeps what commands set and counts what they ask. Stopping playback runs
-// `onStop`, which a test can use to record the stop on a stack as the editor does.
+// An EditorHub for tests that keeps what commands set. Stopping playback runs `onStop`, with which a
+// test records the stop on a stack as the editor does.
 
 #include <functional>
 
@@ -8,8 +8,7 @@
 
 namespace kovra::test {
 
-class RecordingHub : public EditorHub {
-public:
+struct RecordingHub : EditorHub {
     int EditMode() const override { return editMode; }
     void SetEditMode(int mode) override { editMode = mode; }
     int SkinTool() const override { return skinTool; }
@@ -19,7 +18,6 @@ public:
     bool IsPlaying() const override { return playing; }
     void StopPlayback() override {
         playing = false;
-        ++stops;
         if (onStop) {
             onStop();
         }
@@ -29,7 +27,6 @@ public:
     int skinTool = kToolSkin;
     int animListSelection = 0;
     bool playing = false;
-    int stops = 0;
     std::function<void()> onStop;
 };
 
