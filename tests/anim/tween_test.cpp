@@ -57,7 +57,6 @@ TEST_P(RetweenCases, RecomputesTheInBetweensUpToTheNearestKeys) {
         EXPECT_NEAR(pin.angle, c.expected[k], 1e-6f) << "frame " << k;
         EXPECT_EQ(pin.parent, old.parent) << "frame " << k;
         EXPECT_EQ(pin.flags & kPinTweened, old.flags & kPinTweened) << "frame " << k;
-        EXPECT_EQ(pin.length, 2.0f);
         EXPECT_EQ(frames[k].pins[1 - index], before[k].pins[1 - index]) << "the root moved in frame " << k;
     }
 }
@@ -98,15 +97,6 @@ INSTANTIATE_TEST_SUITE_P(Cases, RetweenCases,
                                                    2,
                                                    {0.0f, 0.5f, 1.0f, 1.5f, 2.0f}}),
                          [](const testing::TestParamInfo<TweenCase>& info) { return info.param.name; });
-
-TEST(Tween, NothingHappensUnlessTheStartComesFirst) {
-    TweenCase c{"", {100, 100, 100}, {0.0f, kTweened, 1.0f}, 0, {}};
-    std::vector<WirrelKey> frames = FramesOf(c);
-    const std::vector<WirrelKey> before = frames;
-    Tween(frames, 2, 2, 1);
-    Tween(frames, 2, 0, 1);
-    EXPECT_EQ(frames, before);
-}
 
 }  // namespace
 }  // namespace kovra
