@@ -3,7 +3,13 @@
 
 #include <cstdio>
 #include <cstring>
+#include <string>
 #include <string_view>
+#include <vector>
+
+#include "cli/doc_commands.h"
+#include "settings/folders.h"
+#include "settings/lang.h"
 
 namespace {
 
@@ -12,7 +18,25 @@ constexpr const char* kUsage =
     "\n"
     "commands:\n"
     "  --version        print the version\n"
-    "  help             print this text\n";
+    "  help             print this text\n"
+    "  new OUT          save a new document to OUT\n"
+    "  dump FILE        print everything FILE holds as one JSON object\n"
+    "  resave IN OUT    load IN and save it to OUT, image paths made relative to OUT\n"
+    "  check FILE       exit 0 when FILE loads, 1 with the reason otherwise\n";
+
+struct Subcommand {
+    std::string_view name;
+    std::size_t argumentCount;
+    const char* arguments;
+    int (*run)(const std::vector<std::string>&);
+};
+
+constexpr Subcommand kSubcommands[] = {
+    {"new", 1, "OUT", kovra::cli::RunNew},
+    {"dump", 1, "FILE", kovra::cli::RunDump},
+    {"resave", 2, "IN OUT", kovra::cli::RunResave},
+    {"check", 1, "FILE", kovra::cli::RunCheck},
+};
 
 }  // namespace
 
@@ -25,6 +49,23 @@ int main(int argc, char** argv) {
     if (command == "help" || command == "--help") {
         std::fputs(kUsage, stdout);
         return 0;
+    }
+    for (const Subcommand& subcommand : kSubcommands) {
+        if (subcommand.name != command) {
+            continue;
+        }
+        const std::vector<std::string> args(argv + 2, argv + argc);
+        if (args.size() != subcommand.argumentCount) {
+            std::fprintf(stderr, "usage: kovra-cli %s %s\n", argv[1], subcommand.arguments);
+            return 2;
+        }
+        // The documents' words (the name of a new animation, the messages of a save) are English here.
+        const std::string language = aurel::ProgramFolder() + "Lang/English.txt";
+        if (!aurel::LoadLanguageFile(language)) {
+            std::fprintf(stderr, "kovra-cli: cannot read the language file %s\n", language.c_str());
+            return 1;
+        }
+        return subcommand.run(args);
     }
     std::fputs(kUsage, stderr);
     return 2;

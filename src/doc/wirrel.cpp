@@ -26,4 +26,15 @@ std::string_view NameOf(const Name32& name) {
     return std::string_view(name.data(), std::find(name.begin(), name.end(), '\0') - name.begin());
 }
 
+float AnimLengthSeconds(const WirrelAnim& anim, std::uint32_t ticksPerSecond) {
+    if (ticksPerSecond == 0) {
+        return 0.0f;
+    }
+    std::uint64_t ticks = 0;
+    for (const WirrelKey& key : anim.keys) {
+        ticks += key.ticks;
+    }
+    return static_cast<float>(static_cast<double>(ticks) / ticksPerSecond);
+}
+
 }  // namespace kovra

@@ -29,8 +29,8 @@ constexpr std::uint32_t kTailEnd = 0x1000;      // last pin of a tail
 constexpr std::uint32_t kTailAnchor = 0x2000;   // first pin of a tail
 constexpr std::uint32_t kTailSegment = 0x3000;  // a segment in between; also the mask of both bits
 constexpr std::uint32_t kSkinSeparated = 0x4000;
-constexpr std::uint32_t kPinIkLock = 0x8000;       // the solver doesn't move this pin
-constexpr std::uint32_t kPinMark = 0x80000000u;    // transient mark while a pose is sampled
+constexpr std::uint32_t kPinIkLock = 0x8000;     // the solver doesn't move this pin
+constexpr std::uint32_t kPinMark = 0x80000000u;  // transient mark while a pose is sampled
 
 // One pin in one key frame. Each key frame holds a whole vector of these; the same pin is found in
 // another key frame by its id, since order and parent may differ between key frames.
@@ -52,8 +52,8 @@ struct WirrelPin {
 // A whole pose with its duration and its span of events.
 struct WirrelKey {
     std::vector<WirrelPin> pins;
-    std::uint32_t ticks = 1920;     // duration until the next key frame, in 1/ticksPerSecond seconds
-    std::int32_t eventFirst = -1;   // first entry in Wirrel::events
+    std::uint32_t ticks = 1920;    // duration until the next key frame, in 1/ticksPerSecond seconds
+    std::int32_t eventFirst = -1;  // first entry in Wirrel::events
     std::int32_t eventCount = 0;
     bool operator==(const WirrelKey&) const = default;
 };
@@ -62,8 +62,17 @@ struct WirrelAnim {
     Name32 name{};
     std::vector<WirrelKey> keys;
     float speed = 1.0f;
+
+    WirrelKey& KeyAt(std::size_t index) { return keys[index]; }
+    const WirrelKey& KeyAt(std::size_t index) const { return keys[index]; }
+    // The key frame after `index`; the animation wraps, so after the last comes the first.
+    WirrelKey& NextKeyOf(std::size_t index) { return keys[(index + 1) % keys.size()]; }
+    const WirrelKey& NextKeyOf(std::size_t index) const { return keys[(index + 1) % keys.size()]; }
     bool operator==(const WirrelAnim&) const = default;
 };
+
+// The time one pass of the animation takes: the sum of its key frames' ticks; 0 without a time base.
+float AnimLengthSeconds(const WirrelAnim& anim, std::uint32_t ticksPerSecond);
 
 // A rectangle of an image, in that image's pixels.
 struct WirrelTexture {

@@ -1,9 +1,47 @@
 #include "doc/wirrel_doc.h"
 
 #include "bitmap/text.h"
+#include "doc/relative_path.h"
+#include "doc/wirrel_reader.h"
+#include "doc/wirrel_writer.h"
+#include "settings/atomic_file.h"
 #include "settings/lang.h"
+#include "settings/path_info.h"
 
 namespace kovra {
+
+namespace {
+
+constexpr const char* kSupportAddress = "support@kovra.app";
+
+void WarnAbsolute(aurel::Prompt& window, const std::string& what, const aurel::DualString& path) {
+    window.Tell("WARNING",
+                what + " " + path.Utf8() +
+                    " is stored as an absolute path instead of a relative path. For maximum portability, the "
+                    "next time you save your document it will be saved as a relative path. This is now a "
+                    "requirement of the Kovra format.",
+                aurel::PromptIcon::Warning);
+}
+
+// Files of early versions have no ids: all are 0, and a pin's id is its position.
+void GiveEarlyIds(Wirrel& wirrel) {
+    for (WirrelAnim& anim : wirrel.anims) {
+        for (WirrelKey& key : anim.keys) {
+            std::int64_t sum = 0;
+            for (const WirrelPin& pin : key.pins) {
+                sum += pin.id;
+            }
+            if (sum != 0) {
+                continue;
+            }
+            for (std::size_t i = 0; i < key.pins.size(); ++i) {
+                key.pins[i].id = static_cast<std::int32_t>(i);
+            }
+        }
+    }
+}
+
+}  // namespace
 
 WirrelDoc::WirrelDoc() {
     Reset(true);
@@ -39,6 +77,7 @@ void WirrelDoc::Reset(bool withDefaultAnim) {
     spareScale = 1.0f;
     notes = aurel::DualString();
     notesImage.Reset();
+    notesImageData.clear();
     wirrel_->eventNames.push_back(MakeName(aurel::Lang("COMMON", "PlaySound").Utf8()));
 }
 
@@ -77,8 +116,8 @@ void WirrelDoc::AddAnim(std::string_view name, int mode, int position) {
         added.keys.push_back(std::move(key));
     }
 
-    const int index = position < 0 || position > static_cast<int>(anims.size()) ? static_cast<int>(anims.size())
-                                                                                : position;
+    const int index =
+        position < 0 || position > static_cast<int>(anims.size()) ? static_cast<int>(anims.size()) : position;
     anims.insert(anims.begin() + index, std::move(added));
     cursor.animIndex = index;
     cursor.animName = anims[index].name;
@@ -134,6 +173,145 @@ std::size_t WirrelDoc::FrameCount() const {
     return cursor.animIndex >= 0 && cursor.animIndex < static_cast<int>(anims.size())
                ? anims[cursor.animIndex].keys.size()
                : 0;
+}
+
+int WirrelDoc::AddPin(float angle, float length, int parent, std::string_view name) {
+    WirrelPin pin;
+    pin.angle = angle;
+    pin.length = length;
+    pin.flags = parent >= 0 ? kPinHidden : kPinHidden | Root;
+    pin.parent = parent;
+    pin.id = static_cast<std::int32_t>(wirrel_->pinNames.size());
+    wirrel_->pinNames.push_back(MakeName(name));
+    if (cursor.animIndex < 0 || cursor.animIndex >= static_cast<int>(wirrel_->anims.size())) {
+        return -1;
+    }
+    for (WirrelKey& key : CurrentAnim().keys) {
+        key.pins.push_back(pin);
+    }
+    std::vector<WirrelPin>& pins = CurrentKey().pins;
+    pins.back().flags &= ~kPinHidden;
+    return static_cast<int>(pins.size() - 1);
+}
+
+bool WirrelDoc::Load(const aurel::DualString& file, aurel::Prompt& window,
+                     std::vector<WirrelImageRecord>& imagesOut, bool asTemplate) {
+    Reset(false);
+    imagesOut.clear();
+    std::vector<std::uint8_t> bytes;
+    aurel::FileStream stream;
+    if (!aurel::OpenBinReader(stream, file) || !ReadAllBytes(stream, bytes)) {
+        return false;
+    }
+    aurel::CloseBinStream(stream);
+    const int version = WirrelVersion(bytes);
+    if (version == 0) {
+        return false;
+    }
+    if (!asTemplate) {
+        hasPath = true;
+        path = file;
+    }
+    *wirrel_ = kovra::Wirrel{};
+    if (version == 1) {
+        window.Tell(
+            "Format deprecated",
+            std::string("This version of the ske file format is deprecated. It was thought that no files "
+                        "in this format existed in the wild. If you need a conversion to the new format, "
+                        "please leave a message at ") +
+                kSupportAddress + " and I will help you.");
+        return false;
+    }
+    kovra::Wirrel read;
+    if (!ReadWirrel(read, imagesOut, bytes)) {
+        return false;
+    }
+    GiveEarlyIds(read);
+
+    const std::string folder = aurel::PathInfo(file).Folder(true).Utf8();
+    for (WirrelImageRecord& image : imagesOut) {
+        if (image.path.empty()) {
+            continue;
+        }
+        if (aurel::IsRelative(image.path)) {
+            image.path = aurel::Normalise(folder + image.path.Utf8());
+        } else {
+            WarnAbsolute(window, "The texture", image.path);
+        }
+    }
+
+    // The animations are added one by one, so that the views hear of each.
+    std::vector<WirrelAnim> anims = std::move(read.anims);
+    read.anims.clear();
+    *wirrel_ = std::move(read);
+    for (WirrelAnim& anim : anims) {
+        AddAnim(NameOf(anim.name), kAnimEmpty, -1);
+        CurrentAnim().keys = std::move(anim.keys);
+        CurrentAnim().speed = anim.speed;
+    }
+    if (!wirrel_->anims.empty()) {
+        cursor.animIndex = 0;
+        cursor.animName = wirrel_->anims.front().name;
+        SetFrame(0);
+    }
+
+    WirrelEditorData editor;
+    const bool complete = ReadEditorData(bytes, editor);
+    if (!editor.backgroundPath.empty() && !aurel::IsRelative(editor.backgroundPath)) {
+        WarnAbsolute(window, "The background image", editor.backgroundPath);
+    }
+    background.path = editor.backgroundPath;
+    background.alpha = editor.backgroundAlpha;
+    background.offsetX = editor.backgroundOffsetX;
+    background.offsetY = editor.backgroundOffsetY;
+    background.scale = editor.backgroundScale;
+    snapFrames = editor.snapFrames;
+    spareScale = editor.spareScale;
+    spareFlag = editor.spareFlag;
+    notes = editor.notes;
+    notesImageData = std::move(editor.notesImage);
+    return complete;
+}
+
+bool WirrelDoc::Save(const aurel::DualString& file, bool isSke, aurel::Prompt& window) {
+    // A background path is kept as the file held it, relative to the file the document came from.
+    aurel::DualString backgroundPath = background.path;
+    if (hasPath && aurel::IsRelative(backgroundPath)) {
+        backgroundPath = aurel::Normalise(aurel::PathInfo(path).Folder(true).Utf8() + backgroundPath.Utf8());
+    }
+    WirrelEditorData editor{.backgroundPath = {},
+                            .backgroundAlpha = background.alpha,
+                            .backgroundOffsetX = background.offsetX,
+                            .backgroundOffsetY = background.offsetY,
+                            .backgroundScale = background.scale,
+                            .snapFrames = snapFrames,
+                            .spareScale = spareScale,
+                            .spareFlag = spareFlag,
+                            .notes = notes,
+                            .notesImage = notesImageData};
+    if (!MakeRelative(backgroundPath, file, aurel::Lang("MESSAGES", "BgImage"), editor.backgroundPath,
+                      window)) {
+        return false;
+    }
+    std::vector<WirrelImageRecord> records(images.size());
+    for (std::size_t i = 0; i < images.size(); ++i) {
+        const aurel::DualString source = images[i] ? images[i]->path : aurel::DualString();
+        records[i].index = static_cast<std::int32_t>(i);
+        records[i].colorKey = images[i] ? images[i]->colorKey : 0;
+        if (!MakeRelative(source, file, aurel::Lang("MESSAGES", "TxImage"), records[i].path, window)) {
+            return false;
+        }
+    }
+
+    const std::vector<std::uint8_t> bytes = WriteWirrel(*wirrel_, records, editor);
+    if (!aurel::WriteFileAtomically(
+            file, [&bytes](aurel::BinStream& stream) { return stream.Write(bytes.size(), bytes.data()); })) {
+        return false;
+    }
+    hasPath = true;
+    fileWith = isSke;
+    path = file;
+    return true;
 }
 
 void WirrelDoc::SetFrame(std::uint32_t index) {

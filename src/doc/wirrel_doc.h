@@ -11,9 +11,11 @@
 
 #include "base/dual_string.h"
 #include "base/listener_list.h"
+#include "base/prompt.h"
 #include "bitmap/image_surface.h"
 #include "doc/play_cursor.h"
 #include "doc/wirrel.h"
+#include "doc/wirrel_file.h"
 #include "images/wirrel_tex_image.h"
 
 namespace kovra {
@@ -40,13 +42,13 @@ class WirrelDoc {
 public:
     WirrelDoc();
 
-    aurel::ListenerList<> onChanged;                  // after any change of content or selection
-    aurel::ListenerList<int> onAnimAdded;             // index of the inserted animation
-    aurel::ListenerList<int> onAnimRemoved;           // index it had
+    aurel::ListenerList<> onChanged;                      // after any change of content or selection
+    aurel::ListenerList<int> onAnimAdded;                 // index of the inserted animation
+    aurel::ListenerList<int> onAnimRemoved;               // index it had
     aurel::ListenerList<std::string_view> onAnimRenamed;  // the new name of the current animation
-    aurel::ListenerList<int> onImageSet;              // slot filled or replaced
-    aurel::ListenerList<int> onImageRemoved;          // slot removed
-    aurel::ListenerList<int, int> onFrameChanged;     // key frame left, key frame entered
+    aurel::ListenerList<int> onImageSet;                  // slot filled or replaced
+    aurel::ListenerList<int> onImageRemoved;              // slot removed
+    aurel::ListenerList<int, int> onFrameChanged;         // key frame left, key frame entered
 
     kovra::Wirrel& Wirrel() { return *wirrel_; }
     const kovra::Wirrel& Wirrel() const { return *wirrel_; }
@@ -75,6 +77,22 @@ public:
     std::size_t FrameCount() const;
     std::size_t PinCount() const { return wirrel_->pinNames.size(); }
 
+    // Adds a pin to every key frame of the current animation, hidden in all but the current one, which
+    // shows it. `parent` -1 makes a Root. Answers its position in the current key frame.
+    int AddPin(float angle, float length, int parent, std::string_view name);
+
+    // Replaces the document by the file's. Image paths stored relative to the file come back absolute in
+    // `imagesOut`, whose pictures the caller loads; the background path stays as the file holds it. An
+    // example opened as a template keeps no path. False when the file can't be read; the document is
+    // then to be reset by the caller.
+    bool Load(const aurel::DualString& file, aurel::Prompt& window, std::vector<WirrelImageRecord>& imagesOut,
+              bool asTemplate);
+    // Writes the document to `file` with its image paths made relative to it, asking through `window`
+    // what to do with an image that can't be reached relatively. The file is replaced only when all of
+    // it was written: on false the earlier file is untouched. `isSke` tells whether the name ends in
+    // ".ske"; it is remembered as fileWith and changes nothing in the bytes.
+    bool Save(const aurel::DualString& file, bool isSke, aurel::Prompt& window);
+
     void SetFrame(std::uint32_t index);
     void SetSnapFrames(std::uint32_t n) { snapFrames = n; }
     void SetNotes(const aurel::DualString& text) { notes = text; }
@@ -93,6 +111,7 @@ public:
     float spareScale = 1.0f;
     aurel::DualString notes;
     aurel::ImageSurface notesImage;
+    std::vector<std::uint8_t> notesImageData;  // the notes picture as the file holds it
     std::int32_t selectedCollisionType = 0;
 
 private:

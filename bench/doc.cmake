@@ -1,0 +1,1 @@
+kovra_add_bench(doc_bench doc_bench.cpp)

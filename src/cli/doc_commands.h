@@ -1,0 +1,31 @@
+#pragma once
+// The document subcommands of kovra-cli: new, dump, resave and check. Each answers the process's exit
+// code: 0 when it did its work, 1 after one line on stderr when a file can't be read or written.
+
+#include <string>
+#include <vector>
+
+#include "base/prompt.h"
+#include "doc/wirrel_doc.h"
+
+namespace kovra::cli {
+
+// The absolute form of a path given on the command line; documents store paths relative to their own.
+std::string AbsolutePath(const std::string& path);
+
+// Loads `file` as the editor opens a document, with its image slots filled from the records (paths
+// only: the tool loads no pictures). The load's own messages go to `prompt`; when the file can't be
+// loaded, one line on stderr says so and the answer is false.
+bool LoadDocument(const std::string& file, WirrelDoc& doc, std::vector<WirrelImageRecord>& images,
+                  aurel::Prompt& prompt);
+
+// Everything a document holds, as one JSON object.
+std::string DumpJson(const WirrelDoc& doc, const std::vector<WirrelImageRecord>& images);
+
+// Each takes the arguments after the subcommand's name, in the number its usage line gives.
+int RunNew(const std::vector<std::string>& args);
+int RunDump(const std::vector<std::string>& args);
+int RunResave(const std::vector<std::string>& args);
+int RunCheck(const std::vector<std::string>& args);
+
+}  // namespace kovra::cli

@@ -1,0 +1,255 @@
+#include "doc/pin_tree.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "doc/wirrel_doc.h"
+
+namespace kovra {
+
+namespace {
+
+constexpr float kTailThird = 0.33333334f;
+
+bool InRange(const WirrelKey& key, int index) {
+    return index >= 0 && static_cast<std::size_t>(index) < key.pins.size();
+}
+
+// The record at the top of the tree that holds `index`. The climb is bounded, so that damaged links
+// can't make it run forever.
+int TopOf(const WirrelKey& key, int index) {
+    for (std::size_t steps = 0; steps < key.pins.size() && InRange(key, key.pins[index].parent); ++steps) {
+        index = key.pins[index].parent;
+    }
+    return index;
+}
+
+// Angle and length of `pin` as the polar form of `position` seen from `base`.
+void SetPolar(WirrelPin& pin, PinPoint position, PinPoint base) {
+    const float dx = position.x - base.x;
+    const float dy = position.y - base.y;
+    pin.angle = WrapAngle(std::atan2(dy, dx));
+    pin.length = std::sqrt(dx * dx + dy * dy);
+}
+
+template <class Real>
+Real Wrapped(Real angle, Real turn) {
+    if (!std::isfinite(angle)) {
+        return 0;
+    }
+    // Only damaged data lies this far out; a turn-by-turn walk from there would take too long.
+    if (std::fabs(angle) > 64 * turn) {
+        angle = std::fmod(angle, turn);
+    }
+    while (angle < 0) {
+        angle += turn;
+    }
+    while (angle >= turn) {
+        angle -= turn;
+    }
+    return angle;
+}
+
+}  // namespace
+
+float WrapAngle(float angle) {
+    return Wrapped(angle, 6.2831855f);
+}
+
+double WrapAngleDouble(double angle) {
+    return Wrapped(angle, 6.2831854);
+}
+
+int FindPin(int id, int hint, const WirrelKey& key) {
+    if (InRange(key, hint) && key.pins[hint].id == id) {
+        return hint;
+    }
+    const auto found =
+        std::find_if(key.pins.begin(), key.pins.end(), [id](const WirrelPin& pin) { return pin.id == id; });
+    return found == key.pins.end() ? -1 : static_cast<int>(found - key.pins.begin());
+}
+
+int ChildCount(const WirrelKey& key, int index) {
+    return static_cast<int>(std::count_if(key.pins.begin(), key.pins.end(),
+                                          [index](const WirrelPin& pin) { return pin.parent == index; }));
+}
+
+bool HasChildren(const WirrelKey& key, int index) {
+    return std::any_of(key.pins.begin(), key.pins.end(),
+                       [index](const WirrelPin& pin) { return pin.parent == index; });
+}
+
+int RootOf(const WirrelKey& key, int index) {
+    if (!InRange(key, index)) {
+        return -1;
+    }
+    for (std::size_t steps = 0; steps < key.pins.size(); ++steps) {
+        const WirrelPin& pin = key.pins[index];
+        if (pin.Type() == Root || !InRange(key, pin.parent)) {
+            break;
+        }
+        index = pin.parent;
+    }
+    return index;
+}
+
+bool IsHidden(const WirrelKey& key, int index) {
+    return (key.pins[index].flags & kPinHidden) != 0;
+}
+
+bool IsHiddenWithChildren(const WirrelKey& key, int index) {
+    return IsHidden(key, index) &&
+           std::all_of(key.pins.begin(), key.pins.end(), [index](const WirrelPin& pin) {
+               return pin.parent != index || (pin.flags & kPinHidden) != 0;
+           });
+}
+
+bool IsBone(const WirrelPin& pin) {
+    return pin.Type() == Bone;
+}
+
+void PinPositions(const WirrelKey& key, std::vector<PinPoint>& out) {
+    const std::size_t count = key.pins.size();
+    out.assign(count, PinPoint{});
+    std::vector<bool> done(count, false);
+    // Sweep until a sweep places nothing more: a record is placed once its parent has been.
+    for (bool placed = true; placed;) {
+        placed = false;
+        for (std::size_t i = 0; i < count; ++i) {
+            const WirrelPin& pin = key.pins[i];
+            if (done[i] || (pin.parent != -1 && !(InRange(key, pin.parent) && done[pin.parent]))) {
+                continue;
+            }
+            const PinPoint base = pin.parent == -1 ? PinPoint{} : out[pin.parent];
+            out[i] = {base.x + pin.length * std::cos(pin.angle), base.y + pin.length * std::sin(pin.angle)};
+            done[i] = true;
+            placed = true;
+        }
+    }
+}
+
+bool Reparent(WirrelKey& key, int index, int newParent, aurel::Prompt& window) {
+    if (!InRange(key, index) || key.pins[index].parent == newParent) {
+        return true;
+    }
+    if (newParent != -1 && (!InRange(key, newParent) || TopOf(key, newParent) == TopOf(key, index))) {
+        window.Tell("Invalid action", "Invalid action. Creating this bone would form a loop.",
+                    aurel::PromptIcon::Warning);
+        return false;
+    }
+    std::vector<PinPoint> positions;
+    PinPositions(key, positions);
+    // Each pin of the old chain hangs from the one below it from now on, where it stands.
+    int at = index;
+    int below = newParent;
+    for (std::size_t steps = 0; steps < key.pins.size() && InRange(key, at); ++steps) {
+        WirrelPin& pin = key.pins[at];
+        const int oldParent = pin.parent;
+        SetPolar(pin, positions[at], below == -1 ? PinPoint{} : positions[below]);
+        pin.parent = below;
+        below = at;
+        at = oldParent;
+    }
+    return true;
+}
+
+void UnlinkPin(WirrelKey& key, int index) {
+    std::vector<PinPoint> positions;
+    PinPositions(key, positions);
+    for (std::size_t i = 0; i < key.pins.size(); ++i) {
+        WirrelPin& child = key.pins[i];
+        if (child.parent != index) {
+            continue;
+        }
+        child.parent = -1;
+        if (child.Type() == Bone || child.Type() == Attachment) {
+            SetPolar(child, positions[i], PinPoint{});
+            child.SetType(Root);
+            child.skin = -1;
+        }
+    }
+    key.pins[index].flags |= kPinHidden;
+}
+
+bool RemovePinIfUnused(Wirrel& wirrel, int id) {
+    for (const WirrelAnim& anim : wirrel.anims) {
+        for (const WirrelKey& key : anim.keys) {
+            const int at = FindPin(id, id, key);
+            if (at >= 0 && (!IsHidden(key, at) || HasChildren(key, at))) {
+                return false;
+            }
+        }
+    }
+    for (WirrelAnim& anim : wirrel.anims) {
+        for (WirrelKey& key : anim.keys) {
+            const int at = FindPin(id, id, key);
+            if (at >= 0) {
+                key.pins.erase(key.pins.begin() + at);
+            }
+            for (WirrelPin& pin : key.pins) {
+                pin.parent -= at >= 0 && pin.parent > at ? 1 : 0;
+                pin.id -= pin.id > id ? 1 : 0;
+            }
+        }
+    }
+    if (id >= 0 && static_cast<std::size_t>(id) < wirrel.pinNames.size()) {
+        wirrel.pinNames.erase(wirrel.pinNames.begin() + id);
+    }
+    return true;
+}
+
+void MakeTail(WirrelDoc& doc, int index) {
+    const WirrelPin end = doc.CurrentKey().pins[index];
+    const float third = end.length * kTailThird;
+    const int anchor = doc.AddPin(end.angle, third, end.parent, "Segment 1");
+    const int segment = doc.AddPin(end.angle, third, anchor, "Segment 2");
+
+    std::vector<WirrelPin>& pins = doc.CurrentKey().pins;
+    const auto setTail = [&pins](int at, std::uint32_t chainBits) {
+        pins[at].SetType(Tail);
+        pins[at].flags = (pins[at].flags & ~kTailSegment) | chainBits;
+    };
+    pins[index].parent = segment;
+    pins[index].length = third;
+    setTail(index, kTailEnd);
+    setTail(segment, kTailSegment);
+    setTail(anchor, kTailAnchor);
+}
+
+void EndTail(WirrelDoc& doc, int index, PinType type) {
+    WirrelKey& key = doc.CurrentKey();
+    float length = key.pins[index].length;
+    std::vector<int> passedIds;
+    int at = index;
+    for (std::size_t steps = 0; steps < key.pins.size() && (key.pins[at].flags & kTailSegment) != kTailAnchor;
+         ++steps) {
+        const int parent = key.pins[at].parent;
+        if (!InRange(key, parent)) {
+            break;
+        }
+        at = parent;
+        length += key.pins[at].length;
+        passedIds.push_back(key.pins[at].id);
+    }
+
+    WirrelPin& end = key.pins[index];
+    end.parent = at == index ? end.parent : key.pins[at].parent;
+    end.length = length;
+    end.flags &= ~kTailEnd;
+    end.SetType(type);
+    key.pins[at].flags &= ~kTailAnchor;
+
+    for (const int id : passedIds) {
+        UnlinkPin(key, FindPin(id, id, key));
+    }
+    // Nearest the end first: each segment hangs from the one before it in the key frames not shown.
+    for (std::size_t i = 0; i < passedIds.size(); ++i) {
+        if (RemovePinIfUnused(doc.Wirrel(), passedIds[i])) {
+            for (std::size_t j = i + 1; j < passedIds.size(); ++j) {
+                passedIds[j] -= passedIds[j] > passedIds[i] ? 1 : 0;
+            }
+        }
+    }
+}
+
+}  // namespace kovra
