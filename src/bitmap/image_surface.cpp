@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "bitmap/blit.h"
+#include "bitmap/circles.h"
 #include "bitmap/lines.h"
 #include "bitmap/shapes.h"
 
@@ -92,6 +94,72 @@ void ImageSurface::DrawLineF(float x1, float y1, float x2, float y2, Color32 col
                              bool antiAlias) {
     WrapperBitmap target = Bitmap();
     aurel::DrawLineF(target, x1, y1, x2, y2, colour, opacity, antiAlias);
+}
+
+void ImageSurface::DrawCircle(float cx, float cy, float radius, Color32 colour) {
+    WrapperBitmap target = Bitmap();
+    aurel::DrawCircle(target, cx, cy, radius, colour);
+}
+
+void ImageSurface::FillCircle(float cx, float cy, float radius, Color32 colour) {
+    WrapperBitmap target = Bitmap();
+    aurel::FillCircle(target, cx, cy, radius, colour);
+}
+
+void ImageSurface::DrawRoundRect(float x, float y, float w, float h, float radius, Color32 colour,
+                                 float opacity, bool antiAlias) {
+    WrapperBitmap target = Bitmap();
+    aurel::DrawRoundRect(target, x, y, w, h, radius, colour, opacity, antiAlias);
+}
+
+void ImageSurface::FillTriangle(float x1, float y1, float x2, float y2, float x3, float y3, Color32 colour,
+                                float opacity) {
+    WrapperBitmap target = Bitmap();
+    aurel::FillTriangle(target, x1, y1, x2, y2, x3, y3, colour, opacity);
+}
+
+void ImageSurface::DrawText(std::string_view text, int x, int y, int width, int height, Color32 colour,
+                            const TextFont& font, const TextStyle& style) {
+    if (DeviceContext* context = source_->Context()) {
+        aurel::DrawText(*context, text, x, y, width, height, colour, font, style);
+    }
+}
+
+void ImageSurface::Blit(float sx, float sy, float sw, float sh, ImageSurface& dest, int dx, int dy, int dw,
+                        int dh, float opacity, bool keepAlpha) const {
+    WrapperBitmap target = dest.Bitmap();
+    aurel::Blit(Bitmap(), sx, sy, sw, sh, target, dx, dy, dw, dh, opacity, keepAlpha);
+}
+
+void ImageSurface::DrawQuad(float sx, float sy, float sw, float sh, ImageSurface& dest, QuadCorners corners,
+                            float opacity, Color32 tint) const {
+    WrapperBitmap target = dest.Bitmap();
+    aurel::DrawQuad(Bitmap(), sx, sy, sw, sh, target, corners, opacity, tint);
+}
+
+void ImageSurface::DrawQuadMapped(QuadCorners sourceCorners, ImageSurface& dest, QuadCorners corners,
+                                  float opacity, Color32 tint) const {
+    WrapperBitmap target = dest.Bitmap();
+    aurel::DrawQuadMapped(Bitmap(), sourceCorners, target, corners, opacity, tint);
+}
+
+void ImageSurface::DrawQuadMask(float sx, float sy, float sw, float sh, ImageSurface& dest,
+                                QuadCorners corners, Color32 flag) const {
+    WrapperBitmap target = dest.Bitmap();
+    aurel::DrawQuadMask(Bitmap(), sx, sy, sw, sh, target, corners, flag);
+}
+
+void ImageSurface::Rescale(int width, int height) {
+    ImageSurface scaled;
+    scaled.Resize(width, height);
+    Blit(0, 0, static_cast<float>(Width()), static_cast<float>(Height()), scaled, 0, 0, width, height, 1.0f,
+         false);
+    *source_ = std::move(static_cast<DibSurface&>(scaled));
+}
+
+void ImageSurface::Halve(const ImageSurface& source) {
+    WrapperBitmap target = Bitmap();
+    aurel::Halve(target, source.Bitmap());
 }
 
 }  // namespace aurel

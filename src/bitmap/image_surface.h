@@ -5,10 +5,13 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include "base/color32.h"
 #include "bitmap/bitmap.h"
 #include "bitmap/dib_surface.h"
+#include "bitmap/quad.h"
+#include "bitmap/text.h"
 
 namespace aurel {
 
@@ -55,6 +58,29 @@ public:
     void DrawRect(int left, int top, int right, int bottom, Color32 colour);
     void DrawLine(int x1, int y1, int x2, int y2, Color32 colour);
     void DrawLineF(float x1, float y1, float x2, float y2, Color32 colour, float opacity, bool antiAlias);
+    void DrawCircle(float cx, float cy, float radius, Color32 colour);
+    void FillCircle(float cx, float cy, float radius, Color32 colour);
+    void DrawRoundRect(float x, float y, float w, float h, float radius, Color32 colour, float opacity,
+                       bool antiAlias);
+    void FillTriangle(float x1, float y1, float x2, float y2, float x3, float y3, Color32 colour,
+                      float opacity);
+    void DrawText(std::string_view text, int x, int y, int width, int height, Color32 colour,
+                  const TextFont& font, const TextStyle& style = {});
+
+    // This surface as the source of a scaled copy, a textured quad or a mask (see blit.h and quad.h).
+    void Blit(float sx, float sy, float sw, float sh, ImageSurface& dest, int dx, int dy, int dw, int dh,
+              float opacity, bool keepAlpha) const;
+    void DrawQuad(float sx, float sy, float sw, float sh, ImageSurface& dest, QuadCorners corners,
+                  float opacity, Color32 tint) const;
+    void DrawQuadMapped(QuadCorners sourceCorners, ImageSurface& dest, QuadCorners corners, float opacity,
+                        Color32 tint) const;
+    void DrawQuadMask(float sx, float sy, float sw, float sh, ImageSurface& dest, QuadCorners corners,
+                      Color32 flag) const;
+
+    // Replaces the pixels read by a copy scaled to the new size: the blit at opacity 1 onto cleared pixels.
+    void Rescale(int width, int height);
+    // This surface becomes the two by two reduction of the source, over at most half its size.
+    void Halve(const ImageSurface& source);
 
 private:
     DibSurface* source_ = this;

@@ -1,5 +1,6 @@
 #include "doc/wirrel_doc.h"
 
+#include "bitmap/text.h"
 #include "doc/relative_path.h"
 #include "doc/wirrel_reader.h"
 #include "doc/wirrel_writer.h"
@@ -52,6 +53,14 @@ void WirrelDoc::DrawMissingTextureImage() {
     missingTextureImage.FillRect(0, 0, 111, 111, 0xFF404040);
     missingTextureImage.DrawRect(0, 0, 111, 111, 0xFF000000);
     missingTextureImage.DrawRect(1, 1, 110, 110, 0xFF000000);
+    const aurel::TextFont font{.size = 20};
+    aurel::TextStyle centred;
+    centred.horizontal = aurel::TextAlign::Centre;
+    centred.vertical = aurel::TextAlign::Centre;
+    missingTextureImage.DrawText(aurel::Lang("MESSAGES", "TxMissLn1").Utf8(), 0, 0, 112, 92, 0xFFC00000, font,
+                                 centred);
+    missingTextureImage.DrawText(aurel::Lang("MESSAGES", "TxMissLn2").Utf8(), 0, 20, 112, 92, 0xFFC00000, font,
+                                 centred);
 }
 
 void WirrelDoc::Reset(bool withDefaultAnim) {

@@ -98,26 +98,3 @@ TEST(Blend, WorkedExamples) {
         EXPECT_EQ(c.got, c.expected) << c.what;
     }
 }
-
-TEST(Blend, SourceBlendsMatchTheRulesForEveryMultiplier) {
-    auto toward = [](int old, int target, int m) { return old + ((target - old) * m >> 8); };
-    for (const Pair& s : kSamples) {
-        const int a = static_cast<int>(s.colour >> 24);
-        for (int mul = 0; mul <= 256; ++mul) {
-            const int m = (a + 1) * mul >> 8;
-            std::uint32_t expected = 0;
-            for (int shift = 0; shift < 32; shift += 8) {
-                const int old = s.pixel >> shift & 0xFF, src = s.colour >> shift & 0xFF;
-                expected |= (static_cast<std::uint32_t>(toward(old, src, shift == 24 ? mul : m)) & 0xFF)
-                            << shift;
-            }
-            ASSERT_EQ(aurel::BlendOpacity(s.pixel, s.colour, mul), expected) << "mul=" << mul;
-        }
-        std::uint32_t kept = s.pixel & 0xFF000000;
-        for (int shift = 0; shift < 24; shift += 8) {
-            const int old = s.pixel >> shift & 0xFF, src = s.colour >> shift & 0xFF;
-            kept |= (static_cast<std::uint32_t>(toward(old, src, a + 1)) & 0xFF) << shift;
-        }
-        EXPECT_EQ(aurel::BlendKeepAlpha(s.pixel, s.colour), kept);
-    }
-}

@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "bitmap/image_surface.h"
+#include "bitmap/lines.h"
+#include "support/png_image.h"
 
 namespace {
 
@@ -58,4 +60,71 @@ TEST(Shapes, ZeroAlphaDrawsNothingAndClearWritesTheWholeWord) {
     EXPECT_EQ(Picture(s), (std::vector<std::string>{"...", "..."}));
     s.Clear(0x00123456);
     EXPECT_EQ(s.Row(1)[2], 0x00123456u);
+}
+
+TEST(Shapes, Lines) {
+    aurel::ImageSurface s = Blank(32, 32);
+    s.Clear(0xFF000000);
+    s.DrawLine(2, 2, 29, 9, 0xFFFFFFFF);
+    s.DrawLine(3, 30, 10, 1, 0xC0FF4040);
+    s.DrawLine(20, 28, 29, 28, 0x80FFFFFF);  // the packed forms
+    s.DrawLine(29, 29, 20, 29, 0x40FFFFFF);
+    s.DrawLine(20, 30, 29, 30, 0xC0FFFFFF);
+    s.DrawLine(20, 31, 29, 31, 0x64FFFFFF);   // the general form
+    s.DrawLine(-10, 20, 40, 25, 0xFF40FF40);  // clipped on the left and the right
+    s.DrawLine(15, -5, 18, 40, 0xFF4040FF);   // clipped at the top and the bottom
+    s.DrawLineF(1.5f, 12.25f, 20.75f, 17.5f, 0xFFFFFF00, 1.0f, true);
+    s.DrawLineF(1.5f, 14.25f, 20.75f, 19.5f, 0xFFFFFF00, 0.75f, false);
+    EXPECT_TRUE(kovra::test::MatchesReference(s.Bitmap(), "bitmap/lines"));
+}
+
+TEST(Shapes, LinesOnABottomUpBitmapCountRowsFromTheBottom) {
+    std::vector<std::uint32_t> pixels(4 * 3, 0);
+    aurel::WrapperBitmap flipped(pixels.data(), 4, 3, 4, true);
+    aurel::DrawLine(flipped, 0, 0, 3, 0, kInk);
+    EXPECT_EQ(pixels[8], kInk);
+    EXPECT_EQ(pixels[0], 0u);
+}
+
+TEST(Shapes, Circles) {
+    aurel::ImageSurface s = Blank(48, 30);
+    s.Clear(0xFF000000);
+    for (int i = 0; i < 6; ++i) {
+        s.DrawCircle(5.0f + 8 * i, 8.0f, 1.5f + 0.5f * i, 0xFFFFFFFF);  // the stamped radii
+    }
+    s.DrawCircle(30.5f, 20.0f, 6.0f, 0xFF40FF40);
+    s.FillCircle(12.0f, 21.0f, 5.0f, 0xC0FF4040);
+    s.FillCircle(47.0f, 29.0f, 6.0f, 0xFF4040FF);  // clipped right and bottom
+    s.DrawCircle(0.0f, 20.0f, 5.0f, 0x80FFFF00);   // clipped left
+    s.DrawCircle(25.0f, -1.0f, 3.0f, 0xFFFFFFFF);  // clipped at the top, stamped
+    EXPECT_TRUE(kovra::test::MatchesReference(s.Bitmap(), "bitmap/circles"));
+}
+
+TEST(Shapes, RoundRectsAndTriangles) {
+    aurel::ImageSurface s = Blank(40, 24);
+    s.Clear(0xFF000000);
+    s.DrawRoundRect(2, 2, 16, 10, 4, 0xFFFFFFFF, 1.0f, true);
+    s.DrawRoundRect(21, 2, 16, 10, 4, 0xFFFFFFFF, 1.0f, false);
+    s.DrawRoundRect(2.6f, 15.2f, 10.9f, 6, 1.5f, 0xFF40FF40, 1.0f, true);  // radius below 2: plain outline
+    s.DrawRoundRect(16, 14, 9, 8, 9, 0xFFFF4040, 0.5f, true);              // radius capped to 4
+    s.FillTriangle(28, 14, 38, 14, 33, 22, 0xFF4040FF, 1.0f);
+    s.FillTriangle(27.5f, 23, 39.5f, 17.5f, 30, 16, 0xFFFFFF00, 0.5f);
+    EXPECT_TRUE(kovra::test::MatchesReference(s.Bitmap(), "bitmap/round_rects_triangles"));
+}
+
+TEST(Shapes, TrianglesSharingAnEdgeCoverEachPixelOnce) {
+    aurel::ImageSurface s = Blank(12, 12);
+    s.Clear(0xFF000000);
+    const float c[4][2] = {{1.3f, 0.7f}, {10.6f, 2.2f}, {9.1f, 11.4f}, {0.4f, 8.8f}};
+    s.FillTriangle(c[0][0], c[0][1], c[1][0], c[1][1], c[2][0], c[2][1], 0xFFFFFFFF, 0.5f);
+    s.FillTriangle(c[0][0], c[0][1], c[2][0], c[2][1], c[3][0], c[3][1], 0xFFFFFFFF, 0.5f);
+    int covered = 0;
+    for (int y = 0; y < 12; ++y) {
+        for (int x = 0; x < 12; ++x) {
+            const std::uint32_t p = s.Row(y)[x];
+            ASSERT_TRUE(p == 0xFF000000 || p == 0xFE7F7F7F) << std::hex << p << " at " << x << "," << y;
+            covered += p != 0xFF000000;
+        }
+    }
+    EXPECT_GT(covered, 60);
 }

@@ -58,7 +58,7 @@ TEST_F(WirrelDocTest, NewDocumentHasItsDefaults) {
     EXPECT_EQ(doc.FrameCount(), 1u);
 }
 
-TEST_F(WirrelDocTest, MissingTexturePictureIsGreyWithADoubleBlackOutline) {
+TEST_F(WirrelDocTest, MissingTexturePictureIsGreyWithADoubleBlackOutlineAndRedWords) {
     WirrelDoc doc;
     const aurel::ImageSurface& picture = doc.missingTextureImage;
     ASSERT_EQ(picture.Width(), 112);
@@ -74,6 +74,20 @@ TEST_F(WirrelDocTest, MissingTexturePictureIsGreyWithADoubleBlackOutline) {
         ASSERT_TRUE(picture.GetPixel(x, y, pixel));
         EXPECT_EQ(pixel.argb, expected) << x << "," << y;
     }
+    // The two lines of words sit in the middle rows, in red over the grey.
+    int redRows = 0;
+    for (int y = 0; y < 112; ++y) {
+        for (int x = 2; x < 110; ++x) {
+            picture.GetPixel(x, y, pixel);
+            if (pixel.R() > 0x80 && pixel.G() < 0x40) {
+                EXPECT_GT(y, 30);
+                EXPECT_LT(y, 80);
+                ++redRows;
+                break;
+            }
+        }
+    }
+    EXPECT_GT(redRows, 20);
 }
 
 TEST_F(WirrelDocTest, ResetWithoutAnimationClearsEverything) {

@@ -1,0 +1,79 @@
+#include "bitmap/quad.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <cstring>
+
+#include "bitmap/image_surface.h"
+#include "bitmap/sys_bitmap.h"
+#include "pictures.h"
+#include "support/png_image.h"
+
+namespace {
+
+using kovra::test::Filled;
+using kovra::test::MatchesReference;
+using Corners = std::array<float, 8>;
+
+// The corners of a square of the given side about (cx, cy), turned by `angle` radians: top left, top
+// right, bottom right, bottom left before turning.
+Corners Square(float cx, float cy, float side, float angle) {
+    const float c = std::cos(angle) * side / 2, s = std::sin(angle) * side / 2;
+    return {cx - c + s, cy - s - c, cx + c + s, cy + s - c, cx + c - s, cy + s + c, cx - c - s, cy - s + c};
+}
+
+bool Unchanged(const aurel::ImageSurface& a, const aurel::ImageSurface& b) {
+    return std::memcmp(a.Row(0), b.Row(0), a.ByteSize()) == 0;
+}
+
+}  // namespace
+
+TEST(Quad, CrossesTheSurfaceEdgesAndMapsCornersOneToOne) {
+    const aurel::ImageSurface texture = kovra::test::Texture();
+    aurel::ImageSurface s = Filled(32, 32, 0xFF304050);
+    texture.DrawQuad(0, 0, 8, 8, s, Square(3, 4, 20, 0.5f), 1.0f, 0);      // past the left and top
+    texture.DrawQuad(0, 0, 8, 8, s, Square(28, 27, 16, -0.35f), 1.0f, 0);  // past the right and bottom
+    texture.DrawQuad(0, 0, 8, 8, s, Square(16, 16, 8, 0), 1.0f, 0);        // scale 1, on the grid
+    // The source's corners turned round and its top rows left out: the picture is flipped both ways.
+    const Corners source{8, 8, 0, 8, 0, 2, 8, 2};
+    texture.DrawQuadMapped(source, s, Corners{22, 2, 30, 2, 30, 12, 22, 12}, 1.0f, 0);
+    EXPECT_TRUE(MatchesReference(s.Bitmap(), "bitmap/quad_edges"));
+}
+
+TEST(Quad, OpacityAndTintPasses) {
+    const aurel::ImageSurface texture = kovra::test::Texture();
+    aurel::ImageSurface s = Filled(36, 14, 0x80204060);
+    texture.DrawQuad(0, 0, 8, 8, s, Square(6, 7, 10, 0.2f), 0.4f, 0);
+    texture.DrawQuad(0, 0, 8, 8, s, Square(18, 7, 10, 0.2f), 1.0f, 0x80FF0000);
+    texture.DrawQuad(0, 0, 8, 8, s, Square(30, 7, 10, 0.2f), 0.4f, 0xFF00FF00);
+    EXPECT_TRUE(MatchesReference(s.Bitmap(), "bitmap/quad_opacity_tint"));
+}
+
+TEST(Quad, MaskWritesTheFlagAndTheIndexFormFillsAPickBuffer) {
+    const aurel::ImageSurface texture = kovra::test::Texture();
+    aurel::ImageSurface s = Filled(20, 20, 0xFF000000);
+    texture.DrawQuadMask(0, 0, 8, 8, s, Square(10, 10, 16, 0.6f), 0xFFFF00FF);
+    EXPECT_TRUE(MatchesReference(s.Bitmap(), "bitmap/quad_mask"));
+
+    aurel::SysBitmap pick(17, 15);
+    for (int y = 0; y < pick.getHeight(); ++y) {  // all bits set: nothing there
+        std::fill_n(pick.Row(y), pick.getWidth(), 0xFFFFFFFFu);
+    }
+    aurel::DrawQuadMask(texture.Bitmap(), 0, 0, 8, 8, pick, Square(6, 6, 12, -0.3f), 3);
+    aurel::DrawQuadMappedMask(texture.Bitmap(), Corners{0, 0, 8, 0, 8, 8, 0, 8}, pick,
+                              Corners{9, 9, 17, 7, 16, 15, 8, 14}, 4);
+    EXPECT_TRUE(MatchesReference(pick, "bitmap/quad_index"));
+}
+
+TEST(Quad, DegenerateOrHiddenQuadsDrawNothing) {
+    const aurel::ImageSurface texture = kovra::test::Texture();
+    const aurel::ImageSurface before = Filled(16, 16, 0xFF102030);
+    aurel::ImageSurface s = before;
+    texture.DrawQuad(0, 0, 8, 8, s, Corners{1, 5.2f, 14, 5.2f, 12, 5.7f, 2, 5.9f}, 1.0f, 0);  // one row
+    texture.DrawQuad(0, 0, 8, 8, s, Square(8, -12, 10, 0.3f), 1.0f, 0);                       // above
+    texture.DrawQuad(0, 0, 8, 8, s, Square(8, 30, 10, 0.3f), 1.0f, 0);                        // below
+    texture.DrawQuad(0, 0, 8, 8, s, Square(8, 8, 10, 0.3f), 0.0f, 0xFFFF0000);                // opacity 0
+    EXPECT_TRUE(Unchanged(s, before));
+}
