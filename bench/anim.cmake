@@ -1,0 +1,1 @@
+kovra_add_bench(anim_bench anim_bench.cpp)

@@ -1,0 +1,128 @@
+#pragma once
+// Forward posing: where every pin of a pose lies, the children table that the posing code walks, and how a
+// direct move, turn or length change by the user becomes new pin records. Angles are world directions,
+// kept in [0, 2π); a pin without parent has polar coordinates about the world origin.
+
+#include <cstdint>
+#include <set>
+#include <vector>
+
+#include "doc/wirrel.h"
+
+namespace kovra {
+
+// 2π for single-precision arithmetic, and the slightly smaller double used when the solver writes its
+// result back. The two differ on purpose and must not be unified.
+constexpr float kTwoPi = 6.2831855f;
+constexpr double kTwoPiSolver = 6.2831854;
+
+using Pose = std::vector<WirrelPin>;
+
+struct Vec2 {
+    float x = 0.0f;
+    float y = 0.0f;
+};
+
+// The world position of one pin; `id` is the pin's id, carried as a float.
+struct WorldPoint {
+    float x = 0.0f;
+    float y = 0.0f;
+    float id = 0.0f;
+};
+
+// Brings an angle into [0, 2π) by repeated adding or subtracting of kTwoPi (float) or kTwoPiSolver
+// (double). A value that isn't finite, or so large that a turn no longer changes it, comes back as it is.
+float NormalizeAngle(float a);
+double NormalizeAngle(double a);
+
+// The index of the record with `id`: `hint` when that record has it, else the first match; -1 if none.
+int IndexOfId(const Pose& pose, std::int32_t id, int hint);
+
+// True when every parent index lies inside the pose and no chain of parents loops.
+bool IsTree(const Pose& pose);
+
+// A root, or a hidden bone, attachment or tail.
+bool IsAnchored(const WirrelPin& pin);
+
+// Fills `out` with one point per pin, in the pose's order. The pose need not be sorted parent-first.
+void WorldPositions(const Pose& pose, std::vector<WorldPoint>& out);
+
+// One singly linked list of pins per pin, stored in a single vector of nodes: the first `count` nodes are
+// the list heads (an empty list has a head with item -1), the other `count` - 1 hold further entries.
+// A new entry of a list that already has one goes directly behind the head.
+class Children {
+public:
+    struct Node {
+        std::int32_t next = -1;
+        std::int32_t item = -1;
+    };
+
+    void Reset(std::size_t count);
+    void Add(int list, int item);
+    bool IsEmpty(int list) const { return nodes_[list].item < 0; }
+
+    template <class F>
+    void ForEach(int list, F&& visit) const {
+        if (nodes_[list].item < 0) {
+            return;
+        }
+        for (int n = list; n >= 0; n = nodes_[n].next) {
+            visit(static_cast<int>(nodes_[n].item));
+        }
+    }
+
+    const std::vector<Node>& Nodes() const { return nodes_; }
+
+private:
+    std::vector<Node> nodes_;
+    std::size_t used_ = 0;
+};
+
+// The children of every pin of the pose.
+void BuildChildren(const Pose& pose, Children& out);
+
+// Where a drag of the selection acts when `pin` is grabbed: the pin that turns (`top`) and its parent.
+void FindPivot(const Pose& pose, int pin, const std::set<int>& selection, int& top, int& topParent);
+
+// Turns the selection by `deltaAngle` and scales it by newLength / oldLength, as the user's forward drag
+// of `hot` about `pivot` asks. Rigid moves and moves about a root translate instead.
+void PoseForward(Pose& pose, int pivot, int hot, float deltaAngle, float oldLength, float newLength,
+                 const std::set<int>& selection, bool rotateChildren, bool rigid);
+
+// The numbers of a view that relate its pixels to world units.
+struct ViewGeometry {
+    float zoom = 1.0f;
+    float panX = 0.0f;
+    float panY = 0.0f;
+    float worldWidth = 1.0f;
+    float worldHeight = 1.0f;
+    int pixelWidth = 1;
+    int pixelHeight = 1;
+};
+
+// World units per pixel (sx, sy) and the pixel position of the world origin (ox, oy).
+struct ScreenScale {
+    float sx = 1.0f;
+    float sy = 1.0f;
+    float ox = 0.0f;
+    float oy = 0.0f;
+};
+
+ScreenScale ScreenToWorld(const ViewGeometry& view);
+
+enum DragMode : int { kDragMove = 0, kDragRotate = 1, kDragLength = 2 };
+
+// A forward drag: the pose-space point grabbed, the mouse pixel where the drag began and where it is now.
+struct ForwardDrag {
+    Vec2 grabbed;
+    Vec2 pixelStart;
+    Vec2 pixelNow;
+    int mode = kDragMove;
+};
+
+// Turns the drag of `hot` into new angles and lengths of the selection (through FindPivot and
+// PoseForward).
+void DragForward(Pose& pose, int hot, const ForwardDrag& drag, const ScreenScale& view,
+                 const std::set<int>& selection, bool rotateChildren);
+
+}  // namespace kovra
