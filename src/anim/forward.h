@@ -75,7 +75,6 @@ public:
 
 private:
     std::vector<Node> nodes_;
-    std::size_t used_ = 0;
 };
 
 // The children of every pin of the pose.
