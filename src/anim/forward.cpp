@@ -2,27 +2,14 @@
 
 #include <cmath>
 
+#include "doc/pin_tree.h"
+
 namespace kovra {
 
 namespace {
 
 float Length(float x, float y) {
     return std::sqrt(x * x + y * y);
-}
-
-template <class T>
-T Normalize(T a, T twoPi) {
-    // Nothing that edits a pose produces such a value, and turning it by 2π at a time would never end.
-    if (!(std::fabs(a) < T(1.0e6))) {
-        return a;
-    }
-    while (a < T(0)) {
-        a += twoPi;
-    }
-    while (a >= twoPi) {
-        a -= twoPi;
-    }
-    return a;
 }
 
 // A move that translates: the pivot is a root, or the whole selection moves rigidly.
@@ -171,11 +158,11 @@ void TurnAndScale(Pose& pose, int hot, float deltaAngle, float oldLength, float 
 }  // namespace
 
 float NormalizeAngle(float a) {
-    return Normalize(a, kTwoPi);
+    return WrapAngle(a);
 }
 
 double NormalizeAngle(double a) {
-    return Normalize(a, kTwoPiSolver);
+    return WrapAngleDouble(a);
 }
 
 int IndexOfId(const Pose& pose, std::int32_t id, int hint) {

@@ -31,7 +31,7 @@ struct WorldPoint {
 };
 
 // Brings an angle into [0, 2π) by repeated adding or subtracting of kTwoPi (float) or kTwoPiSolver
-// (double). A value that isn't finite, or so large that a turn no longer changes it, comes back as it is.
+// (double): the document's own angle wrapping under the name the posing code uses.
 float NormalizeAngle(float a);
 double NormalizeAngle(double a);
 
@@ -75,7 +75,6 @@ public:
 
 private:
     std::vector<Node> nodes_;
-    std::size_t used_ = 0;
 };
 
 // The children of every pin of the pose.

@@ -292,7 +292,8 @@ void IkSolver::CollectSideTree(int owner, int first) {
     // Depth first through parents and children, never back the way the walk came.
     std::vector<std::pair<int, int>> stack{{first, owner}};
     while (!stack.empty()) {
-        const auto [pin, from] = stack.back();
+        const int pin = stack.back().first;
+        const int from = stack.back().second;
         stack.pop_back();
         sideTrees_.Add(owner, pin);
         const int parent = pose_[pin].parent;

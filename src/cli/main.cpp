@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "cli/doc_commands.h"
+#include "cli/pose_commands.h"
 #include "settings/folders.h"
 #include "settings/lang.h"
 
@@ -22,20 +23,29 @@ constexpr const char* kUsage =
     "  new OUT          save a new document to OUT\n"
     "  dump FILE        print everything FILE holds as one JSON object\n"
     "  resave IN OUT    load IN and save it to OUT, image paths made relative to OUT\n"
-    "  check FILE       exit 0 when FILE loads, 1 with the reason otherwise\n";
+    "  check FILE       exit 0 when FILE loads, 1 with the reason otherwise\n"
+    "  pose FILE ANIM FRAMEPOS\n"
+    "                   print the world positions of the pins of ANIM at FRAMEPOS (2.25: a quarter of\n"
+    "                   the way from key frame 2 to 3)\n"
+    "  ik FILE ANIM FRAME PIN X Y [--lock PIN]... [--rotate-children]\n"
+    "                   drag pin PIN of key frame FRAME to (X, Y) with inverse kinematics, the locked pins\n"
+    "                   held, and print the result and the pins\n";
 
 struct Subcommand {
     std::string_view name;
     std::size_t argumentCount;
+    bool takesOptions;  // more arguments may follow the fixed ones
     const char* arguments;
     int (*run)(const std::vector<std::string>&);
 };
 
 constexpr Subcommand kSubcommands[] = {
-    {"new", 1, "OUT", kovra::cli::RunNew},
-    {"dump", 1, "FILE", kovra::cli::RunDump},
-    {"resave", 2, "IN OUT", kovra::cli::RunResave},
-    {"check", 1, "FILE", kovra::cli::RunCheck},
+    {"new", 1, false, "OUT", kovra::cli::RunNew},
+    {"dump", 1, false, "FILE", kovra::cli::RunDump},
+    {"resave", 2, false, "IN OUT", kovra::cli::RunResave},
+    {"check", 1, false, "FILE", kovra::cli::RunCheck},
+    {"pose", 3, false, "FILE ANIM FRAMEPOS", kovra::cli::RunPose},
+    {"ik", 6, true, "FILE ANIM FRAME PIN X Y [--lock PIN]... [--rotate-children]", kovra::cli::RunIk},
 };
 
 }  // namespace
@@ -55,7 +65,8 @@ int main(int argc, char** argv) {
             continue;
         }
         const std::vector<std::string> args(argv + 2, argv + argc);
-        if (args.size() != subcommand.argumentCount) {
+        if (subcommand.takesOptions ? args.size() < subcommand.argumentCount
+                                    : args.size() != subcommand.argumentCount) {
             std::fprintf(stderr, "usage: kovra-cli %s %s\n", argv[1], subcommand.arguments);
             return 2;
         }

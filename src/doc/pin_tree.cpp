@@ -129,10 +129,11 @@ void PinPositions(const WirrelKey& key, std::vector<PinPoint>& out) {
 }
 
 bool Reparent(WirrelKey& key, int index, int newParent, aurel::Prompt& window) {
-    if (!InRange(key, index) || key.pins[index].parent == newParent) {
+    if (!InRange(key, index) || key.pins[index].parent == newParent ||
+        (newParent != -1 && !InRange(key, newParent))) {
         return true;
     }
-    if (newParent != -1 && (!InRange(key, newParent) || TopOf(key, newParent) == TopOf(key, index))) {
+    if (newParent != -1 && TopOf(key, newParent) == TopOf(key, index)) {
         window.Tell("Invalid action", "Invalid action. Creating this bone would form a loop.",
                     aurel::PromptIcon::Warning);
         return false;

@@ -45,7 +45,8 @@ void PinPositions(const WirrelKey& key, std::vector<PinPoint>& out);
 
 // Hangs `index` under `newParent` (-1: makes it a root) without moving anything on screen. The chain of
 // old parents above it is inverted to hang below it, so that a pin joins another tree with its own.
-// Within one tree that would form a loop: refused with a message, answering false.
+// Within one tree that would form a loop: refused with a message, answering false. An index outside the
+// key frame changes nothing.
 bool Reparent(WirrelKey& key, int index, int newParent, aurel::Prompt& window);
 
 // Deletes a pin from one key frame: its children are freed (a Bone or Attachment child becomes a Root

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "doc/wirrel_file.h"
 #include "settings/lang.h"
 #include "settings/path_info.h"
 
@@ -79,10 +80,10 @@ bool MakeRelative(const aurel::DualString& path, const aurel::DualString& target
         }
         aurel::RelativePath(folder + name, target, out);
     }
-    if (out.size() + 1 > kMaxStoredPath) {
+    if (out.size() + 1 > ske::kPathLimit) {
         window.Tell(aurel::Lang("MESSAGES", "Error"),
                     Filled("MESSAGES", "ErrorPathTooLong",
-                           {label.Utf8(), out.Utf8(), std::to_string(kMaxStoredPath)}));
+                           {label.Utf8(), out.Utf8(), std::to_string(ske::kPathLimit)}));
         return false;
     }
     return true;

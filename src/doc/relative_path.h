@@ -8,9 +8,6 @@
 
 namespace kovra {
 
-// The longest path a document stores, its NUL counted.
-constexpr std::size_t kMaxStoredPath = 512;
-
 // Makes `path` relative to the document file `target` into `out`; an empty path stays empty. `label`
 // names the image in the messages. False, after telling the user why, when the save must not go on.
 bool MakeRelative(const aurel::DualString& path, const aurel::DualString& target,

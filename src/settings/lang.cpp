@@ -27,7 +27,7 @@ DualString Lang(const std::string& section, const std::string& key) {
     }
     std::string text = strings.front().Utf8();
     for (std::size_t at = text.find("\\n"); at != std::string::npos; at = text.find("\\n", at + 1)) {
-        text.replace(at, 2, "\n");
+        text.replace(at, 2, 1, '\n');
     }
     return DualString(std::move(text));
 }

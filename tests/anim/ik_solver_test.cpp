@@ -20,38 +20,35 @@ using test::PinAt;
 using test::PoseAt;
 using test::World;
 
-struct PathCase {
-    int from;
-    int to;
-    bool found;
-    std::vector<IkLink> path;  // pin, up, down
-};
+// Links written as the pin followed by "u" (up), "d" (down) or nothing, separated by spaces.
+std::string Written(const std::vector<IkLink>& path) {
+    std::string text;
+    for (const IkLink& link : path) {
+        text += (text.empty() ? "" : " ") + std::to_string(link.pin) + (link.up ? "u" : "") +
+                (link.down ? "d" : "");
+    }
+    return text;
+}
 
-// 0 is the root of 1 -> 2 and 3 -> 4; 5 is a second root.
 TEST(BuildPath, RunsUpToTheCommonAncestorAndDownAgain) {
+    // 0 is the root of 1 -> 2 and of 3 -> 4, with bones 1, 2, 4, 8 long; 5 is a second root.
     const Pose pose = PoseAt({{-1, 0, 0}, {0, 1, 0}, {1, 3, 0}, {0, 0, 4}, {3, 0, 12}, {-1, 5, 5}});
-    const std::vector<PathCase> cases = {
-        {4, 2, true, {{2, 1, 0}, {1, 1, 0}, {0, 0, 0}, {3, 0, 1}, {4, 0, 1}}},
-        {0, 2, true, {{2, 1, 0}, {1, 1, 0}, {0, 0, 0}}},
-        {2, 0, true, {{0, 0, 0}, {1, 0, 1}, {2, 0, 1}}},
-        {2, 2, false, {}},
-        {5, 2, false, {}},
+    struct Case {
+        int from, to;
+        bool found;
+        std::string path;
+        double length;
     };
-    for (const PathCase& c : cases) {
+    for (const Case& c : std::vector<Case>{{4, 2, true, "2u 1u 0 3d 4d", 15.0},
+                                           {0, 2, true, "2u 1u 0", 3.0},
+                                           {2, 0, true, "0 1d 2d", 3.0},
+                                           {2, 2, false, "", 0.0},
+                                           {5, 2, false, "", 0.0}}) {
         std::vector<IkLink> path{{9, 1, 1}};
         double length = -1.0;
         EXPECT_EQ(BuildPath(pose, c.from, c.to, path, length), c.found) << c.from << " to " << c.to;
-        ASSERT_EQ(path.size(), c.path.size()) << c.from << " to " << c.to;
-        double expectedLength = 0.0;
-        for (std::size_t i = 0; i < path.size(); ++i) {
-            EXPECT_EQ(path[i].pin, c.path[i].pin);
-            EXPECT_EQ(path[i].up, c.path[i].up);
-            EXPECT_EQ(path[i].down, c.path[i].down);
-            if (path[i].up || path[i].down) {
-                expectedLength += pose[path[i].pin].length;
-            }
-        }
-        EXPECT_DOUBLE_EQ(length, expectedLength);
+        EXPECT_EQ(Written(path), c.path);
+        EXPECT_EQ(length, c.length);
     }
 }
 
@@ -73,69 +70,41 @@ TEST_P(SolveIkCases, ReachesWhatItCanAndKeepsLengths) {
     ASSERT_TRUE(SolveIk(pose, c.locks, c.hot, c.goal, 100, false));
     const std::vector<WorldPoint> world = World(pose);
     for (const auto& [pin, at] : c.expected) {
-        EXPECT_LT(DistanceTo(world[pin], at.x, at.y), 1e-3f)
-            << "pin " << pin << " at " << world[pin].x << ", " << world[pin].y;
+        EXPECT_LT(DistanceTo(world[pin], at.x, at.y), 1e-3f) << "pin " << pin;
     }
     for (std::size_t i = 0; i < pose.size(); ++i) {
         EXPECT_TRUE(std::isfinite(world[i].x) && std::isfinite(world[i].y)) << i;
-        if (pose[i].parent >= 0) {
-            EXPECT_EQ(pose[i].length, before[i].length) << i;
-        }
+        EXPECT_TRUE(pose[i].parent < 0 || pose[i].length == before[i].length) << i;
     }
 }
 
-// A two-bone arm from the origin; a body whose pelvis (0) carries a leg (1, 2) and a spine with an arm
-// (3, 4, 5); a pin with three branches.
+// A two-bone arm from the origin, straight and bent; five pins in a line; a line with a zero-length bone;
+// a body whose pelvis (0) carries a leg (1, 2) and a spine with an arm (3, 4, 5); a pin with three
+// branches.
 const std::vector<PinAt> kArm = {{-1, 0, 0}, {0, 1, 0}, {1, 2, 0}};
+const std::vector<PinAt> kBent = {{-1, 0, 0}, {0, 1, 0}, {1, 1, 1}};
+const std::vector<PinAt> kLine = {{-1, 0, 0}, {0, 1, 0}, {1, 2, 0}, {2, 3, 0}, {3, 4, 0}};
+const std::vector<PinAt> kZero = {{-1, 0, 0}, {0, 1, 0}, {1, 1, 0}, {2, 2, 0}};
 const std::vector<PinAt> kBody = {{-1, 0, 0}, {0, 0, -1}, {1, 0, -2}, {0, 0, 1}, {3, 1, 1}, {4, 2, 1}};
 const std::vector<PinAt> kStar = {{-1, 0, 0}, {0, -1, -1}, {1, -2, -2}, {0, 1, -1},
                                   {3, 2, -2}, {0, 0, 1},   {5, 0, 2}};
 
+// Out of the arm's reach from where the pelvis stands, a target on another branch than the lock moves
+// the pelvis, their common ancestor. A target on the locked pin leaves the bone to it without direction:
+// it takes that of a zero vector.
 INSTANTIATE_TEST_SUITE_P(
     EdgeCases, SolveIkCases,
     testing::Values(
         SolveCase{"NoLockHeldAtTheRoot", kArm, {}, 2, {1, 1}, {{0, {0, 0}}, {2, {1, 1}}}},
+        SolveCase{"UnreachableStraight", kArm, {}, 2, {0, 5}, {{0, {0, 0}}, {1, {0, 1}}, {2, {0, 2}}}},
+        SolveCase{"LockOnAnotherBranch", kBody, {2}, 5, {3.5f, -0.5f}, {{2, {0, -2}}, {5, {3.5f, -0.5f}}}},
+        SolveCase{"TargetOnTheLockedPin", kBent, {1}, 2, {1, 0}, {{1, {1, 0}}, {2, {2, 0}}}},
+        SolveCase{"InnerLock", kLine, {0, 2}, 4, {3, 1.5f}, {{0, {0, 0}}, {1, {1, 0}}, {4, {3, 1.5f}}}},
         SolveCase{
-            "UnreachableLeavesTheArmStraight", kArm, {}, 2, {0, 5}, {{0, {0, 0}}, {1, {0, 1}}, {2, {0, 2}}}},
-        SolveCase{"LockOnAnotherBranch", kBody, {2}, 5, {2.5f, 0.5f}, {{2, {0, -2}}, {5, {2.5f, 0.5f}}}},
-        SolveCase{"LockBetweenHotPinAndLock",
-                  {{-1, 0, 0}, {0, 1, 0}, {1, 2, 0}, {2, 3, 0}, {3, 4, 0}},
-                  {0, 2},
-                  4,
-                  {3, 1.5f},
-                  {{0, {0, 0}}, {1, {1, 0}}, {2, {2, 0}}, {4, {3, 1.5f}}}},
-        SolveCase{"JunctionBetweenTwoLocksAndTheTarget",
-                  kStar,
-                  {2, 4},
-                  6,
-                  {0.5f, 1.5f},
-                  {{2, {-2, -2}}, {4, {2, -2}}, {6, {0.5f, 1.5f}}}},
-        SolveCase{"JunctionWithTheTargetOutOfReach", kStar, {2, 4}, 6, {0, 9}, {{2, {-2, -2}}, {4, {2, -2}}}},
-        SolveCase{"ZeroLengthBone",
-                  {{-1, 0, 0}, {0, 1, 0}, {1, 1, 0}, {2, 2, 0}},
-                  {},
-                  3,
-                  {1.5f, 0.8f},
-                  {{0, {0, 0}}, {3, {1.5f, 0.8f}}}}),
+            "Junction", kStar, {2, 4}, 6, {0.5f, 1.5f}, {{2, {-2, -2}}, {4, {2, -2}}, {6, {0.5f, 1.5f}}}},
+        SolveCase{"JunctionOutOfReach", kStar, {2, 4}, 6, {0, 9}, {{2, {-2, -2}}, {4, {2, -2}}}},
+        SolveCase{"ZeroLengthBone", kZero, {}, 3, {1.5f, 0.8f}, {{0, {0, 0}}, {3, {1.5f, 0.8f}}}}),
     [](const testing::TestParamInfo<SolveCase>& info) { return info.param.name; });
-
-TEST(SolveIk, AncestorOfALockAndATargetOnDifferentBranchesMoves) {
-    Pose pose = PoseAt(kBody);
-    ASSERT_TRUE(SolveIk(pose, {2}, 5, {3.5f, -0.5f}, 100, false));
-    const std::vector<WorldPoint> world = World(pose);
-    EXPECT_LT(DistanceTo(world[5], 3.5f, -0.5f), 1e-3f);
-    EXPECT_GT(DistanceTo(world[0], 0, 0), 0.1f);
-}
-
-TEST(SolveIk, ATargetOnALockedPinDividesByNothing) {
-    Pose pose = PoseAt(kArm);
-    ASSERT_TRUE(SolveIk(pose, {1}, 2, {1, 0}, 100, false));
-    const std::vector<WorldPoint> world = World(pose);
-    EXPECT_LT(DistanceTo(world[1], 1, 0), 1e-6f);
-    // The bone has no direction left; its angle is that of a zero vector.
-    EXPECT_EQ(pose[2].angle, 0.0f);
-    EXPECT_EQ(pose[2].length, 1.0f);
-}
 
 TEST(SolveIk, RefusesWithoutAHotPinOrWhenDraggingTheHeldRoot) {
     Pose pose = PoseAt(kArm);
@@ -181,7 +150,8 @@ protected:
     std::mt19937 rng_;
 };
 
-TEST_P(SolveIkProperties, BoneLengthsNeverChange) {
+// Whatever the locks and the goal, no bone changes its length; a single lock keeps its place.
+TEST_P(SolveIkProperties, BoneLengthsNeverChangeAndALockStaysPut) {
     const int count = Uniform(2, 24);
     Pose pose = test::RandomSkeleton(rng_, count);
     std::set<int> locks;
@@ -189,90 +159,64 @@ TEST_P(SolveIkProperties, BoneLengthsNeverChange) {
         locks.insert(Uniform(0, count - 1));
     }
     const int hot = Uniform(0, count - 1);
-    const Vec2 goal{Coordinate(), Coordinate()};
     const Pose before = pose;
-
-    if (!SolveIk(pose, locks, hot, goal, 100, GetParam() % 2 == 0)) {
+    const std::vector<WorldPoint> worldBefore = World(pose);
+    if (!SolveIk(pose, locks, hot, {Coordinate(), Coordinate()}, 100, GetParam() % 2 == 0)) {
         EXPECT_EQ(pose, before);
         return;
     }
     const std::vector<WorldPoint> world = World(pose);
     for (int i = 0; i < count; ++i) {
         EXPECT_TRUE(std::isfinite(world[i].x) && std::isfinite(world[i].y)) << i;
-        if (pose[i].parent >= 0) {
-            EXPECT_EQ(pose[i].length, before[i].length) << i;
-        }
+        EXPECT_TRUE(pose[i].parent < 0 || pose[i].length == before[i].length) << i;
+    }
+    if (locks.size() == 1 && *locks.begin() != hot) {
+        const int lock = *locks.begin();
+        EXPECT_LT(DistanceTo(world[lock], worldBefore[lock].x, worldBefore[lock].y), 1e-3f);
     }
 }
 
-TEST_P(SolveIkProperties, LockedPinStaysPut) {
-    const int count = Uniform(2, 24);
-    Pose pose = test::RandomSkeleton(rng_, count);
-    const int lock = Uniform(0, count - 1);
-    int hot = Uniform(0, count - 1);
-    while (hot == lock) {
-        hot = Uniform(0, count - 1);
-    }
-    const WorldPoint held = World(pose)[lock];
-    ASSERT_TRUE(SolveIk(pose, {lock}, hot, {Coordinate(), Coordinate()}, 100, GetParam() % 2 == 0));
-    EXPECT_LT(DistanceTo(World(pose)[lock], held.x, held.y), 1e-3f);
-}
-
-// The goal is where the hot pin stands in another pose of the bones below `held`, which keeps its place
-// (as the root without a lock, or locked), and at least a tenth of the path's reach inside the band the
-// path can reach. Near the edges of that band the reaching creeps, so more passes are allowed than a
-// drag step gets.
+// A pin two or more bones below the pin held (the root without a lock, or a locked one) is dragged to a
+// point of the band those bones can reach, a tenth of their length inside its edges: near the edges the
+// reaching creeps, so more passes are allowed than a drag step gets.
 TEST_P(SolveIkProperties, ReachableTargetIsReached) {
-    const int count = Uniform(4, 24);
+    const int count = Uniform(6, 24);
     Pose pose = test::RandomSkeleton(rng_, count);
     const std::vector<WorldPoint> before = World(pose);
-    int hot = -1;
-    int held = -1;
-    WorldPoint goal;
-    for (int attempt = 0; attempt < 200 && hot < 0; ++attempt) {
-        const int pin = Uniform(0, count - 1);
-        std::vector<int> ancestors;
-        for (int p = pose[pin].parent; p >= 0; p = pose[p].parent) {
-            ancestors.push_back(p);
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        const int hot = Uniform(0, count - 1);
+        std::vector<int> above;
+        for (int p = pose[hot].parent; p >= 0; p = pose[p].parent) {
+            above.push_back(p);
         }
-        if (ancestors.size() < 2) {
+        if (above.size() < 2) {
             continue;
         }
-        const int anchor = ancestors[Uniform(1, static_cast<int>(ancestors.size()) - 1)];
+        const int held = above[Uniform(1, static_cast<int>(above.size()) - 1)];
         float reach = 0.0f;
         float longest = 0.0f;
-        for (int p = pin; p != anchor; p = pose[p].parent) {
+        for (int p = hot; p != held; p = pose[p].parent) {
             reach += pose[p].length;
             longest = std::max(longest, pose[p].length);
         }
-        const float inner = std::max(0.0f, 2.0f * longest - reach);
-        Pose other = pose;
-        for (int i = 0; i < count; ++i) {
-            for (int p = other[i].parent; p >= 0; p = other[p].parent) {
-                if (p == anchor) {
-                    other[i].angle = Angle();
-                    break;
-                }
-            }
+        const float inner = std::max(0.0f, 2.0f * longest - reach) + 0.1f * reach;
+        if (inner >= 0.9f * reach) {
+            continue;
         }
-        const WorldPoint at = World(other)[pin];
-        const float distance = DistanceTo(at, before[anchor].x, before[anchor].y);
-        if (distance > inner + 0.1f * reach && distance < 0.9f * reach) {
-            hot = pin;
-            held = anchor;
-            goal = at;
-        }
+        const float r = std::uniform_real_distribution<float>(inner, 0.9f * reach)(rng_);
+        const float a = Angle();
+        const Vec2 goal{before[held].x + r * std::cos(a), before[held].y + r * std::sin(a)};
+        const std::set<int> locks = pose[held].parent >= 0 ? std::set<int>{held} : std::set<int>{};
+        ASSERT_TRUE(SolveIk(pose, locks, hot, goal, 1000, false));
+        const std::vector<WorldPoint> world = World(pose);
+        EXPECT_LT(DistanceTo(world[hot], goal.x, goal.y), 1e-3f);
+        EXPECT_LT(DistanceTo(world[held], before[held].x, before[held].y), 1e-3f);
+        return;
     }
-    ASSERT_GE(hot, 0) << "no set-up found";
-
-    const std::set<int> locks = pose[held].parent >= 0 ? std::set<int>{held} : std::set<int>{};
-    ASSERT_TRUE(SolveIk(pose, locks, hot, {goal.x, goal.y}, 1000, false));
-    const std::vector<WorldPoint> world = World(pose);
-    EXPECT_LT(DistanceTo(world[hot], goal.x, goal.y), 1e-3f);
-    EXPECT_LT(DistanceTo(world[held], before[held].x, before[held].y), 1e-3f);
+    FAIL() << "no set-up found";
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, SolveIkProperties, testing::Range(1, 201));
+INSTANTIATE_TEST_SUITE_P(Seeds, SolveIkProperties, testing::Range(1, 401));
 
 }  // namespace
 }  // namespace kovra

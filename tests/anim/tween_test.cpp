@@ -11,102 +11,90 @@
 namespace kovra {
 namespace {
 
-constexpr float kStale = 5.0f;  // the angle of a tweened record before it is recomputed
+constexpr float kTweened = NAN;  // a key frame where the pin is tweened
+constexpr float kStale = 5.0f;   // the angle of a tweened record before it is recomputed
+
+struct Frame {
+    std::uint32_t ticks;
+    float key;       // the pin's angle where it is keyed
+    float expected;  // its angle after the retween
+};
 
 struct TweenCase {
     std::string name;
-    std::vector<std::uint32_t> ticks;  // one per key frame
-    std::vector<float> keys;           // the pin's angle in each key frame; NAN where it is tweened
     int edited;
-    std::vector<float> expected;  // the pin's angle in each key frame afterwards
+    std::vector<Frame> frames;
 };
-
-// Key frames with a root (id 0) and a bone on it (id 1); in odd frames the two records are swapped.
-std::vector<WirrelKey> FramesOf(const TweenCase& c) {
-    std::vector<WirrelKey> frames;
-    for (std::size_t k = 0; k < c.ticks.size(); ++k) {
-        const bool keyed = !std::isnan(c.keys[k]);
-        WirrelPin root{.length = 1.0f, .flags = Root, .id = 0};
-        WirrelPin bone{
-            .angle = keyed ? c.keys[k] : kStale, .length = 2.0f, .flags = keyed ? 0 : kPinTweened, .id = 1};
-        WirrelKey key;
-        key.ticks = c.ticks[k];
-        if (k % 2 == 0) {
-            bone.parent = 0;
-            key.pins = {root, bone};
-        } else {
-            bone.parent = 1;
-            key.pins = {bone, root};
-        }
-        frames.push_back(key);
-    }
-    return frames;
-}
 
 class RetweenCases : public testing::TestWithParam<TweenCase> {};
 
+// Key frames of a root (id 0) and a bone on it (id 1), the two records swapped in odd frames.
 TEST_P(RetweenCases, RecomputesTheInBetweensUpToTheNearestKeys) {
     const TweenCase& c = GetParam();
-    std::vector<WirrelKey> frames = FramesOf(c);
+    std::vector<WirrelKey> frames(c.frames.size());
+    for (std::size_t k = 0; k < frames.size(); ++k) {
+        const bool keyed = !std::isnan(c.frames[k].key);
+        WirrelPin root{.length = 1.0f, .flags = Root, .id = 0};
+        WirrelPin bone{
+            .angle = keyed ? c.frames[k].key : kStale, .length = 2.0f, .flags = keyed ? 0 : kPinTweened};
+        bone.parent = static_cast<int>(k % 2);
+        bone.id = 1;
+        frames[k].pins = k % 2 == 0 ? Pose{root, bone} : Pose{bone, root};
+        frames[k].ticks = c.frames[k].ticks;
+    }
     const std::vector<WirrelKey> before = frames;
     Retween(frames, c.edited, 1);
     for (std::size_t k = 0; k < frames.size(); ++k) {
-        const int index = IndexOfId(frames[k].pins, 1, -1);
+        const int index = static_cast<int>((k + 1) % 2);
         const WirrelPin& pin = frames[k].pins[index];
-        const WirrelPin& old = before[k].pins[index];
-        EXPECT_NEAR(pin.angle, c.expected[k], 1e-6f) << "frame " << k;
-        EXPECT_EQ(pin.parent, old.parent) << "frame " << k;
-        EXPECT_EQ(pin.flags & kPinTweened, old.flags & kPinTweened) << "frame " << k;
-        EXPECT_EQ(pin.length, 2.0f);
-        EXPECT_EQ(frames[k].pins[1 - index], before[k].pins[1 - index]) << "the root moved in frame " << k;
+        EXPECT_NEAR(pin.angle, c.frames[k].expected, 1e-6f) << "frame " << k;
+        EXPECT_EQ(pin.parent, before[k].pins[index].parent) << "frame " << k;
+        EXPECT_EQ(pin.flags, before[k].pins[index].flags) << "frame " << k;
+        EXPECT_EQ(frames[k].pins[1 - index], before[k].pins[1 - index]) << "the root changed in frame " << k;
     }
 }
 
-const float kTweened = NAN;
+constexpr float T = kTweened;
 
-INSTANTIATE_TEST_SUITE_P(Cases, RetweenCases,
-                         testing::Values(TweenCase{"KeyedInFramesZeroAndNine",
-                                                   {100, 100, 100, 100, 300, 100, 100, 100, 100, 100},
-                                                   {0.0f, kTweened, kTweened, kTweened, kTweened, kTweened,
-                                                    kTweened, kTweened, kTweened, 1.1f},
-                                                   9,
-                                                   {0.0f, 0.1f, 0.2f, 0.3f, 0.4f, 0.7f, 0.8f, 0.9f, 1.0f,
-                                                    1.1f}},
-                                         TweenCase{"FrameZeroOnlyTweensForward",
-                                                   {100, 100, 100, 100, 100, 100, 100},
-                                                   {0.0f, kTweened, kTweened, kTweened, 0.8f, kTweened, 2.0f},
-                                                   0,
-                                                   {0.0f, 0.2f, 0.4f, 0.6f, 0.8f, kStale, 2.0f}},
-                                         TweenCase{"LastFrameDoesNotWrapForward",
-                                                   {100, 100, 100, 100, 100},
-                                                   {0.0f, kTweened, 1.0f, kTweened, 2.0f},
-                                                   4,
-                                                   {0.0f, kStale, 1.0f, 1.5f, 2.0f}},
-                                         TweenCase{"OnlyKeyWrapsAroundToItself",
-                                                   {100, 200, 300, 400, 500},
-                                                   {kTweened, kTweened, kTweened, 1.5f, kTweened},
-                                                   3,
-                                                   {1.5f, 1.5f, 1.5f, 1.5f, 1.5f}},
-                                         TweenCase{"AFrameOfNoDurationTakesItsPredecessorsEnd",
-                                                   {100, 0, 100, 100},
-                                                   {0.0f, kTweened, kTweened, 0.3f},
-                                                   3,
-                                                   {0.0f, 0.15f, 0.15f, 0.3f}},
-                                         TweenCase{"KeyInTheMiddleTweensBothSides",
-                                                   {100, 100, 100, 100, 100},
-                                                   {0.0f, kTweened, 1.0f, kTweened, 2.0f},
-                                                   2,
-                                                   {0.0f, 0.5f, 1.0f, 1.5f, 2.0f}}),
-                         [](const testing::TestParamInfo<TweenCase>& info) { return info.param.name; });
-
-TEST(Tween, NothingHappensUnlessTheStartComesFirst) {
-    TweenCase c{"", {100, 100, 100}, {0.0f, kTweened, 1.0f}, 0, {}};
-    std::vector<WirrelKey> frames = FramesOf(c);
-    const std::vector<WirrelKey> before = frames;
-    Tween(frames, 2, 2, 1);
-    Tween(frames, 2, 0, 1);
-    EXPECT_EQ(frames, before);
-}
+// clang-format off: one key frame per column
+INSTANTIATE_TEST_SUITE_P(
+    Cases, RetweenCases,
+    testing::Values(TweenCase{"KeyedInFramesZeroAndNine",
+                              9,
+                              {{100, 0, 0},
+                               {100, T, 0.1f},
+                               {100, T, 0.2f},
+                               {100, T, 0.3f},
+                               {300, T, 0.4f},
+                               {100, T, 0.7f},
+                               {100, T, 0.8f},
+                               {100, T, 0.9f},
+                               {100, T, 1.0f},
+                               {100, 1.1f, 1.1f}}},
+                    TweenCase{"FrameZeroOnlyTweensForward",
+                              0,
+                              {{100, 0, 0},
+                               {100, T, 0.2f},
+                               {100, T, 0.4f},
+                               {100, T, 0.6f},
+                               {100, 0.8f, 0.8f},
+                               {100, T, kStale},
+                               {100, 2, 2}}},
+                    TweenCase{"LastFrameDoesNotWrapForward",
+                              4,
+                              {{100, 0, 0}, {100, T, kStale}, {100, 1, 1}, {100, T, 1.5f}, {100, 2, 2}}},
+                    TweenCase{"KeyInTheMiddleTweensBothSides",
+                              2,
+                              {{100, 0, 0}, {100, T, 0.5f}, {100, 1, 1}, {100, T, 1.5f}, {100, 2, 2}}},
+                    TweenCase{
+                        "OnlyKeyWrapsAroundToItself",
+                        3,
+                        {{100, T, 1.5f}, {200, T, 1.5f}, {300, T, 1.5f}, {400, 1.5f, 1.5f}, {500, T, 1.5f}}},
+                    TweenCase{"AFrameOfNoDurationTakesItsPredecessorsEnd",
+                              3,
+                              {{100, 0, 0}, {0, T, 0.15f}, {100, T, 0.15f}, {100, 0.3f, 0.3f}}}),
+    [](const testing::TestParamInfo<TweenCase>& info) { return info.param.name; });
+// clang-format on
 
 }  // namespace
 }  // namespace kovra

@@ -79,20 +79,6 @@ TEST(Skins, QuadAlongTheBone) {
     EXPECT_NEAR(flat.centre.y, 1.0f, 1e-6f);
 }
 
-TEST(Skins, OnlyShownBonesWithATextureDrawASkin) {
-    Wirrel w;
-    w.skins = {{0}, {-1}};
-    const std::vector<std::pair<WirrelPin, bool>> cases = {
-        {{.flags = Bone, .skin = 0}, true},   {{.flags = Attachment, .skin = 0}, true},
-        {{.flags = Root, .skin = 0}, false},  {{.flags = Bone | kPinHidden, .skin = 0}, false},
-        {{.flags = Bone, .skin = -1}, false}, {{.flags = Bone, .skin = 1}, false},
-        {{.flags = Bone, .skin = 5}, false},
-    };
-    for (const auto& [pin, draws] : cases) {
-        EXPECT_EQ(DrawsSkin(w, pin), draws) << pin.flags << " " << pin.skin;
-    }
-}
-
 TEST(Skins, CollisionChainsGrowAtTheirEnd) {
     Wirrel w;
     w.aabbs = {{0, 0, 1, 1, 0, -1}};  // someone else's
