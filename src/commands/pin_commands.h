@@ -136,7 +136,8 @@ private:
 // of any animation does, the document, with the ids above it renumbered.
 void DeletePin(WirrelDoc& doc, int index);
 
-// Deletes the selected pins, with a lone parent or a lone child that would be left behind.
+// Deletes the pins selected when it is made, with a lone parent or a lone child that would be left
+// behind, and clears the selection.
 class CommandPinDelete : public WirrelCommand {
 public:
     CommandPinDelete(WirrelDoc& doc, SelectionTracker& selection);
