@@ -148,7 +148,7 @@ void DragMemory(benchmark::State& state) {
         kovra::ViewTransform view = kovra::ViewTransform::OfClient(1280, 800);
         kovra::FillPinPixels(view, doc.CurrentKey().pins);
         const kovra::Vec2 grabbed{view.pinPixels[kPins - 1].x, view.pinPixels[kPins - 1].y};
-        const kovra::Vec2 pressed{grabbed.x + view.OriginX(), grabbed.y + view.OriginY()};
+        const kovra::Vec2 pressed{grabbed.x + view.ScreenToWorld().ox, grabbed.y + view.ScreenToWorld().oy};
         kovra::CommandStack stack;
         const std::int64_t before = liveBytes;
         state.ResumeTiming();

@@ -157,14 +157,6 @@ void TurnAndScale(Pose& pose, int hot, float deltaAngle, float oldLength, float 
 
 }  // namespace
 
-float NormalizeAngle(float a) {
-    return WrapAngle(a);
-}
-
-double NormalizeAngle(double a) {
-    return WrapAngleDouble(a);
-}
-
 int IndexOfId(const Pose& pose, std::int32_t id, int hint) {
     if (hint >= 0 && hint < static_cast<int>(pose.size()) && pose[hint].id == id) {
         return hint;
@@ -280,32 +272,20 @@ void PoseForward(Pose& pose, int pivot, int hot, float deltaAngle, float oldLeng
     }
 }
 
-ScreenScale ScreenToWorld(const ViewGeometry& view) {
-    const auto pw = static_cast<float>(view.pixelWidth);
-    const auto ph = static_cast<float>(view.pixelHeight);
-    return ScreenScale{
-        .sx = view.worldWidth / (view.zoom * pw),
-        .sy = view.worldHeight / (view.zoom * ph),
-        .ox = pw * 0.5f - view.panX * view.zoom * pw / view.worldWidth,
-        .oy = ph * 0.5f - view.panY * view.zoom * ph / view.worldHeight,
-    };
-}
-
-void DragForward(Pose& pose, int hot, const ForwardDrag& drag, const ScreenScale& view,
+void DragForward(Pose& pose, int hot, const ForwardDrag& drag, const ViewTransform& view,
                  const std::set<int>& selection, bool rotateChildren) {
     int top = hot;
     int topParent = -1;
     FindPivot(pose, hot, selection, top, topParent);
-    std::vector<WorldPoint> w;
-    WorldPositions(pose, w);
-    const WorldPoint p = topParent >= 0 ? w[topParent] : WorldPoint{};
+    const ScreenScale s = view.ScreenToWorld();
+    const PinPixel p = topParent >= 0 ? view.pinPixels[topParent] : PinPixel{};
+    const PinPixel& h0 = view.pinPixels[hot];
 
-    // The pixel points lose the origin and the parent before scaling; the grabbed point only the parent.
-    const Vec2 a{(drag.grabbed.x - p.x) * view.sx, (drag.grabbed.y - p.y) * view.sy};
-    const Vec2 b{(drag.pixelStart.x - view.ox - p.x) * view.sx,
-                 (drag.pixelStart.y - view.oy - p.y) * view.sy};
-    const Vec2 c{(drag.pixelNow.x - view.ox - p.x) * view.sx, (drag.pixelNow.y - view.oy - p.y) * view.sy};
-    const Vec2 h{(w[hot].x - p.x) * view.sx, (w[hot].y - p.y) * view.sy};
+    // The mouse pixels lose the origin and the parent before scaling; the grabbed point only the parent.
+    const Vec2 a{(drag.grabbed.x - p.x) * s.sx, (drag.grabbed.y - p.y) * s.sy};
+    const Vec2 b{(drag.pixelStart.x - s.ox - p.x) * s.sx, (drag.pixelStart.y - s.oy - p.y) * s.sy};
+    const Vec2 c{(drag.pixelNow.x - s.ox - p.x) * s.sx, (drag.pixelNow.y - s.oy - p.y) * s.sy};
+    const Vec2 h{(h0.x - p.x) * s.sx, (h0.y - p.y) * s.sy};
     const float oldAngle = std::atan2(h.y, h.x);
     const float oldLength = Length(h.x, h.y);
 

@@ -7,14 +7,11 @@
 #include <set>
 #include <vector>
 
+#include "doc/pin_tree.h"
+#include "doc/view_transform.h"
 #include "doc/wirrel.h"
 
 namespace kovra {
-
-// 2π for single-precision arithmetic, and the slightly smaller double used when the solver writes its
-// result back. The two differ on purpose and must not be unified.
-constexpr float kTwoPi = 6.2831855f;
-constexpr double kTwoPiSolver = 6.2831854;
 
 using Pose = std::vector<WirrelPin>;
 
@@ -29,11 +26,6 @@ struct WorldPoint {
     float y = 0.0f;
     float id = 0.0f;
 };
-
-// Brings an angle into [0, 2π) by repeated adding or subtracting of kTwoPi (float) or kTwoPiSolver
-// (double): the document's own angle wrapping under the name the posing code uses.
-float NormalizeAngle(float a);
-double NormalizeAngle(double a);
 
 // The index of the record with `id`: `hint` when that record has it, else the first match; -1 if none.
 int IndexOfId(const Pose& pose, std::int32_t id, int hint);
@@ -88,30 +80,10 @@ void FindPivot(const Pose& pose, int pin, const std::set<int>& selection, int& t
 void PoseForward(Pose& pose, int pivot, int hot, float deltaAngle, float oldLength, float newLength,
                  const std::set<int>& selection, bool rotateChildren, bool rigid);
 
-// The numbers of a view that relate its pixels to world units.
-struct ViewGeometry {
-    float zoom = 1.0f;
-    float panX = 0.0f;
-    float panY = 0.0f;
-    float worldWidth = 1.0f;
-    float worldHeight = 1.0f;
-    int pixelWidth = 1;
-    int pixelHeight = 1;
-};
-
-// World units per pixel (sx, sy) and the pixel position of the world origin (ox, oy).
-struct ScreenScale {
-    float sx = 1.0f;
-    float sy = 1.0f;
-    float ox = 0.0f;
-    float oy = 0.0f;
-};
-
-ScreenScale ScreenToWorld(const ViewGeometry& view);
-
 enum DragMode : int { kDragMove = 0, kDragRotate = 1, kDragLength = 2 };
 
-// A forward drag: the pose-space point grabbed, the mouse pixel where the drag began and where it is now.
+// A forward drag: the point grabbed (pose-space pixels, relative to the world origin), the mouse pixel where
+// the drag began and where it is now.
 struct ForwardDrag {
     Vec2 grabbed;
     Vec2 pixelStart;
@@ -120,8 +92,8 @@ struct ForwardDrag {
 };
 
 // Turns the drag of `hot` into new angles and lengths of the selection (through FindPivot and
-// PoseForward).
-void DragForward(Pose& pose, int hot, const ForwardDrag& drag, const ScreenScale& view,
+// PoseForward). The view's pinPixels give the pins' positions in the same space as the grabbed point.
+void DragForward(Pose& pose, int hot, const ForwardDrag& drag, const ViewTransform& view,
                  const std::set<int>& selection, bool rotateChildren);
 
 }  // namespace kovra

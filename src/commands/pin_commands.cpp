@@ -20,10 +20,6 @@ int Exchanged(int value, int a, int b) {
     return value == a ? b : value == b ? a : value;
 }
 
-float Length(float x, float y) {
-    return std::sqrt(x * x + y * y);
-}
-
 // Detaching a pin to a root never asks anything.
 class NoQuestions : public aurel::Prompt {
 public:
@@ -82,35 +78,8 @@ CommandPinFk::CommandPinFk(Vec2 grabbed, Vec2 pressed, Vec2 mouse, WirrelDoc& do
       mode_(mode),
       selected_(selection.selected) {
     Pose& pose = doc.CurrentKey().pins;
-    int top = hot_;
-    int topParent = -1;
-    FindPivot(pose, hot_, selected_, top, topParent);
-    const ScreenScale s = ScreenToWorld(ViewGeometry{view.zoom, view.cameraX, view.cameraY, view.viewWidth,
-                                                     view.viewHeight, view.clientWidth, view.clientHeight});
-    // All points are pose-space pixels before the scale; the grabbed one has no origin to lose.
-    const PinPixel p = topParent >= 0 ? view.pinPixels[topParent] : PinPixel{};
-    const PinPixel& hot = view.pinPixels[hot_];
-    const Vec2 a{(grabbed.x - p.x) * s.sx, (grabbed.y - p.y) * s.sy};
-    const Vec2 b{(pressed.x - s.ox - p.x) * s.sx, (pressed.y - s.oy - p.y) * s.sy};
-    const Vec2 c{(mouse.x - s.ox - p.x) * s.sx, (mouse.y - s.oy - p.y) * s.sy};
-    const Vec2 h{(hot.x - p.x) * s.sx, (hot.y - p.y) * s.sy};
-    const float oldAngle = std::atan2(h.y, h.x);
-    const float oldLength = Length(h.x, h.y);
-    float newAngle = oldAngle;
-    float newLength = oldLength;
-    if (topParent < 0) {
-        newAngle = std::atan2(a.y + c.y - b.y, a.x + c.x - b.x);
-        newLength = Length(a.x + c.x - b.x, a.y + c.y - b.y);
-    } else {
-        if (mode != kDragLength) {
-            newAngle = std::atan2(a.y, a.x) + std::atan2(c.y, c.x) - std::atan2(b.y, b.x);
-        }
-        if (mode != kDragRotate) {
-            newLength = (Length(c.x, c.y) - Length(b.x, b.y)) + Length(a.x, a.y);
-        }
-    }
-    PoseForward(pose, top, hot_, newAngle - oldAngle, oldLength, newLength, selected_,
-                doc.viewFlags[kRotateChildrenFlag], false);
+    DragForward(pose, hot_, ForwardDrag{grabbed, pressed, mouse, mode}, view, selected_,
+                doc.viewFlags[kRotateChildrenFlag]);
     // A pin that the user posed is a real key from now on.
     pose[hot_].flags &= ~kPinTweened;
     after_ = pose;
@@ -529,10 +498,11 @@ CommandPinSelArea::CommandPinSelArea(float x0, float y0, float x1, float y1, Wir
         selection.Clear();
     }
     // Pin pixels are relative to the world origin: shift the box to match.
-    const float left = std::min(x0, x1) - view.OriginX();
-    const float right = std::max(x0, x1) - view.OriginX();
-    const float top = std::min(y0, y1) - view.OriginY();
-    const float bottom = std::max(y0, y1) - view.OriginY();
+    const ScreenScale s = view.ScreenToWorld();
+    const float left = std::min(x0, x1) - s.ox;
+    const float right = std::max(x0, x1) - s.ox;
+    const float top = std::min(y0, y1) - s.oy;
+    const float bottom = std::max(y0, y1) - s.oy;
     std::set<int> hits;
     for (std::size_t i = 0; i < view.pinPixels.size(); ++i) {
         const PinPixel& p = view.pinPixels[i];

@@ -28,7 +28,7 @@ int TopOf(const WirrelKey& key, int index) {
 void SetPolar(WirrelPin& pin, PinPoint position, PinPoint base) {
     const float dx = position.x - base.x;
     const float dy = position.y - base.y;
-    pin.angle = WrapAngle(std::atan2(dy, dx));
+    pin.angle = NormalizeAngle(std::atan2(dy, dx));
     pin.length = std::sqrt(dx * dx + dy * dy);
 }
 
@@ -52,12 +52,12 @@ Real Wrapped(Real angle, Real turn) {
 
 }  // namespace
 
-float WrapAngle(float angle) {
-    return Wrapped(angle, 6.2831855f);
+float NormalizeAngle(float angle) {
+    return Wrapped(angle, kTwoPi);
 }
 
-double WrapAngleDouble(double angle) {
-    return Wrapped(angle, 6.2831854);
+double NormalizeAngle(double angle) {
+    return Wrapped(angle, kTwoPiSolver);
 }
 
 int FindPin(int id, int hint, const WirrelKey& key) {

@@ -19,11 +19,16 @@ struct PinPoint {
     bool operator==(const PinPoint&) const = default;
 };
 
+// 2π for single-precision arithmetic, and the slightly smaller double used when the solver writes its
+// result back. The two differ on purpose and must not be unified.
+constexpr float kTwoPi = 6.2831855f;
+constexpr double kTwoPiSolver = 6.2831854;
+
 // Brings an angle into [0, 2pi) by adding or subtracting 6.2831855f one turn at a time, so that angles
 // near the circle come out exactly as the editor has always computed them.
-float WrapAngle(float angle);
-// The same in double precision, with the double constant 6.2831854.
-double WrapAngleDouble(double angle);
+float NormalizeAngle(float angle);
+// The same in double precision, with the double constant 6.2831854, as the solver writes its results.
+double NormalizeAngle(double angle);
 
 // Position of the record of pin `id` in the key frame: `hint` when that record has the id, else the first
 // match from the start; -1 if the key frame doesn't hold the pin.

@@ -35,10 +35,10 @@ float AutoSkinAngle(const Wirrel& wirrel, int textureIndex, float pinAngle) {
     const bool wide = textureIndex >= 0 && static_cast<std::size_t>(textureIndex) < wirrel.textures.size() &&
                       wirrel.textures[textureIndex].width > wirrel.textures[textureIndex].height;
     if (wide) {
-        const double across = WrapAngleDouble(static_cast<double>(pinAngle) - 1.5707963267948966);
+        const double across = NormalizeAngle(static_cast<double>(pinAngle) - 1.5707963267948966);
         return across < 3.141592653589793 ? 3.1415927f : 0.0f;
     }
-    return WrapAngle(pinAngle) > 3.1415927f ? 1.5707964f : WrapAngle(-1.5707964f);
+    return NormalizeAngle(pinAngle) > 3.1415927f ? 1.5707964f : NormalizeAngle(-1.5707964f);
 }
 
 void SetPinSkin(Wirrel& wirrel, WirrelKey& key, int pinIndex, const WirrelSkin& skin) {

@@ -13,6 +13,14 @@ struct PinPixel {
     float z = 0.0f;
 };
 
+// World units per pixel (sx, sy) and the pixel position of the world origin (ox, oy).
+struct ScreenScale {
+    float sx = 1.0f;
+    float sy = 1.0f;
+    float ox = 0.0f;
+    float oy = 0.0f;
+};
+
 struct ViewTransform {
     float zoom = 1.0f;
     float cameraX = 0.0f;  // world point at the centre of the view
@@ -32,12 +40,17 @@ struct ViewTransform {
                              .pinPixels = {}};
     }
 
-    // Pixels of one world unit.
-    float PpuX() const { return zoom * static_cast<float>(clientWidth) / viewWidth; }
-    float PpuY() const { return zoom * static_cast<float>(clientHeight) / viewHeight; }
-    // The pixel of the world origin.
-    float OriginX() const { return -cameraX * PpuX() + static_cast<float>(clientWidth) * 0.5f; }
-    float OriginY() const { return -cameraY * PpuY() + static_cast<float>(clientHeight) * 0.5f; }
+    // How the view's pixels relate to world units.
+    ScreenScale ScreenToWorld() const {
+        const auto pw = static_cast<float>(clientWidth);
+        const auto ph = static_cast<float>(clientHeight);
+        return ScreenScale{
+            .sx = viewWidth / (zoom * pw),
+            .sy = viewHeight / (zoom * ph),
+            .ox = pw * 0.5f - cameraX * zoom * pw / viewWidth,
+            .oy = ph * 0.5f - cameraY * zoom * ph / viewHeight,
+        };
+    }
 };
 
 }  // namespace kovra

@@ -150,7 +150,16 @@ TEST(PoseForward, RootsAndRigidMovesTranslate) {
 
 TEST(DragForward, TurnStretchOrBoth) {
     // An arm from the origin to (1, 0) in a view of a pixel to a world unit with the origin at pixel (10, 0).
-    EXPECT_EQ(ScreenToWorld(ViewGeometry{2.0f, 5.0f, 0.0f, 400.0f, 300.0f, 800, 600}).ox, 380.0f);
+    const ViewTransform view{.zoom = 1.0f, .cameraX = -10.0f, .cameraY = 0.0f, .viewWidth = 20.0f,
+                             .viewHeight = 20.0f, .clientWidth = 20, .clientHeight = 20,
+                             .pinPixels = {{0, 0, 0}, {1, 0, 1}}};
+    ASSERT_EQ(view.ScreenToWorld().sx, 1.0f);
+    ASSERT_EQ(view.ScreenToWorld().ox, 20.0f);
+    ASSERT_EQ(view.ScreenToWorld().oy, 10.0f);
+    const ViewTransform zoomed{.zoom = 2.0f, .cameraX = 5.0f, .cameraY = 0.0f, .viewWidth = 400.0f,
+                               .viewHeight = 300.0f, .clientWidth = 800, .clientHeight = 600, .pinPixels = {}};
+    EXPECT_EQ(zoomed.ScreenToWorld().ox, 380.0f);
+    EXPECT_EQ(zoomed.ScreenToWorld().sx, 0.25f);
     struct Case {
         int mode;
         Vec2 expected;
@@ -159,8 +168,7 @@ TEST(DragForward, TurnStretchOrBoth) {
     for (const Case& c :
          std::vector<Case>{{kDragRotate, {0, 1}, 1}, {kDragLength, {2, 0}, 2}, {kDragMove, {0, 2}, 2}}) {
         Pose pose = PoseAt({{-1, 0, 0}, {0, 1, 0}});
-        DragForward(pose, 1, ForwardDrag{{1, 0}, {11, 0}, {10, 2}, c.mode}, ScreenScale{1, 1, 10, 0}, {1},
-                    false);
+        DragForward(pose, 1, ForwardDrag{{1, 0}, {21, 10}, {20, 12}, c.mode}, view, {1}, false);
         EXPECT_NEAR(World(pose)[1].x, c.expected.x, 1e-6f) << c.mode;
         EXPECT_NEAR(World(pose)[1].y, c.expected.y, 1e-6f) << c.mode;
         EXPECT_EQ(pose[1].scale, c.scale) << c.mode;

@@ -68,7 +68,7 @@ TEST_F(CommandsTest, EveryCommandRoundTrips) {
     std::shared_ptr<CommandPinFk> drag;
     const auto fk = [&](int mode) {
         const Vec2 grabbed{view.pinPixels[2].x, view.pinPixels[2].y};
-        const Vec2 pressed{grabbed.x + view.OriginX(), grabbed.y + view.OriginY()};
+        const Vec2 pressed{grabbed.x + view.ScreenToWorld().ox, grabbed.y + view.ScreenToWorld().oy};
         return make_shared<CommandPinFk>(grabbed, pressed, Vec2{pressed.x - 30, pressed.y + 20}, doc,
                                          selection, mode, view);
     };

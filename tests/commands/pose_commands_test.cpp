@@ -26,7 +26,7 @@ protected:
         selection.Add(pin, true);
         selection.SetHot(pin, 0);
         grabbed = {view.pinPixels[pin].x, view.pinPixels[pin].y};
-        pressed = {grabbed.x + view.OriginX(), grabbed.y + view.OriginY()};
+        pressed = {grabbed.x + view.ScreenToWorld().ox, grabbed.y + view.ScreenToWorld().oy};
     }
     // One mouse move of a forward drag, `dx`, `dy` pixels from the press; the view follows the pose.
     std::shared_ptr<CommandPinFk> Move(float dx, float dy, int mode) {

@@ -127,7 +127,7 @@ private:
         const int mode = Pick(0, 2);
         FillPinPixels(view_, Pins());
         const Vec2 grabbed{view_.pinPixels[hot].x, view_.pinPixels[hot].y};
-        const Vec2 pressed{grabbed.x + view_.OriginX(), grabbed.y + view_.OriginY()};
+        const Vec2 pressed{grabbed.x + view_.ScreenToWorld().ox, grabbed.y + view_.ScreenToWorld().oy};
         Vec2 mouse = pressed;
         for (int move = Pick(1, 20); move > 0; --move) {
             mouse = {mouse.x + PickFloat(-6, 6), mouse.y + PickFloat(-6, 6)};

@@ -45,7 +45,7 @@ std::vector<int> Parents(const WirrelKey& key) {
     return parents;
 }
 
-TEST(PinTree, WrapAngle) {
+TEST(PinTree, NormalizeAngle) {
     const float turn = 6.2831855f;
     for (const auto& [in, out] :
          std::vector<std::pair<float, float>>{{-0.5f, turn - 0.5f},
@@ -55,11 +55,11 @@ TEST(PinTree, WrapAngle) {
                                               {-1e-3f, -1e-3f + turn},
                                               {INFINITY, 0.0f},
                                               {NAN, 0.0f}}) {
-        EXPECT_EQ(WrapAngle(in), out) << in;
+        EXPECT_EQ(NormalizeAngle(in), out) << in;
     }
-    const float far = WrapAngle(1e30f);
+    const float far = NormalizeAngle(1e30f);
     EXPECT_TRUE(far >= 0.0f && far < turn);
-    EXPECT_EQ(WrapAngleDouble(-1.0), 6.2831854 - 1.0);
+    EXPECT_EQ(NormalizeAngle(-1.0), 6.2831854 - 1.0);
 }
 
 TEST(PinTree, LookUps) {
