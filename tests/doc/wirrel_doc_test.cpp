@@ -70,9 +70,7 @@ TEST_F(WirrelDocTest, ResetWithoutAnimationKeepsOnlyTheEventName) {
     EXPECT_EQ(NameOf(doc.cursor.animName), "Default");
     AddTwoKeys(doc);
     doc.SetImage(-1, std::make_shared<WirrelTexImage>("/a.png"));
-    doc.notes = "notes";
-    doc.hasPath = true;
-    doc.snapFrames = 9;
+    doc.hasPath = true;  // a template loaded next must not take the path
     doc.Reset(false);
     Wirrel expected;
     expected.eventNames = {MakeName("PlaySound")};
@@ -80,9 +78,7 @@ TEST_F(WirrelDocTest, ResetWithoutAnimationKeepsOnlyTheEventName) {
     EXPECT_TRUE(doc.images.empty());
     EXPECT_EQ(doc.cursor.animIndex, -1);
     EXPECT_EQ(doc.FrameCount(), 0u);
-    EXPECT_TRUE(doc.notes.empty());
     EXPECT_FALSE(doc.hasPath);
-    EXPECT_EQ(doc.snapFrames, 4u);
 
     // Without an animation to take from, a mode gives one empty key frame.
     doc.AddAnim("First", kAnimFromCurrentKey, -1);
