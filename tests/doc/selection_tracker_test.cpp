@@ -33,22 +33,14 @@ TEST_F(SelectionTrackerTest, ChangesNotifyOnlyWhenSomethingChanges) {
     tracker.Add(4, false);
     tracker.Add(4, false);
     tracker.Add(2, true);
-    tracker.SetCurrent(2, 0);
-    tracker.Clear();
-    tracker.Clear();
-    EXPECT_EQ(log, "h3 s s c2 s c-1 ");
-    EXPECT_EQ(tracker.currentPart, -1);
-}
-
-TEST_F(SelectionTrackerTest, ACurrentItemOutsideTheSetReplacesIt) {
-    tracker.Add(1, false);
-    tracker.Add(2, false);
     tracker.SetCurrent(2, 3);
-    EXPECT_EQ(tracker.selected, (std::set<int>{1, 2}));
-    tracker.SetCurrent(7, 1);
-    EXPECT_EQ(tracker.selected, std::set<int>{7});
-    EXPECT_EQ(tracker.currentItem, 7);
-    EXPECT_EQ(tracker.currentPart, 1);
+    EXPECT_EQ(tracker.Snapshot(), (SelectionTracker::Saved{{2, 4}, 2, 3}));
+    tracker.SetCurrent(7, 1);  // outside the set: replaces it
+    EXPECT_EQ(tracker.Snapshot(), (SelectionTracker::Saved{{7}, 7, 1}));
+    tracker.Clear();
+    tracker.Clear();
+    EXPECT_EQ(log, "h3 s s c2 c2 s c7 s c-1 ");
+    EXPECT_EQ(tracker.Snapshot(), (SelectionTracker::Saved{{}, -1, -1}));
 }
 
 TEST_F(SelectionTrackerTest, SnapshotAndRestoreCarryTheSetAndTheCurrentItemQuietlyIfAsked) {

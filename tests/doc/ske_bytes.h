@@ -44,6 +44,12 @@ public:
 
     SkeBytes& End() { return U8(255).U32(0); }
 
+    // The part of a pin record that every chunk version has; version 3 adds the aabb and the id.
+    SkeBytes& Pin(float angle, float length, std::int32_t parent, std::uint32_t flags, std::int32_t skin = -1,
+                  float scale = 1) {
+        return F32(angle).F32(length).I32(parent).U32(flags).I32(skin).F32(scale);
+    }
+
     std::vector<std::uint8_t> bytes;
 
 private:

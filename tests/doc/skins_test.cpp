@@ -62,20 +62,19 @@ TEST(Skins, SetPinSkinKeepsSharedEntries) {
 }
 
 TEST(Skins, QuadAlongTheBone) {
-    const WirrelPin pin{.angle = 0, .length = 2, .scale = 2};
+    // A bone pointing up from (1, 1) to (1, 3): the offsets go along it, then across to its left.
+    const WirrelPin pin{.angle = 1.5707964f, .length = 2, .scale = 2};
     const WirrelSkin skin{0, 1.0f, 0.5f, 1.0f, 2.0f, 1.5707964f, -1};
-    const WirrelTexture texture{0, 0, 0, 30, 10};
-    const SkinQuad quad = MakeSkinQuad(pin, {3, 1}, {1, 1}, skin, texture, 10);
+    const SkinQuad quad = MakeSkinQuad(pin, {1, 3}, {1, 1}, skin, WirrelTexture{0, 0, 0, 30, 10}, 10);
     EXPECT_EQ(quad.halfWidth, 3.0f);
     EXPECT_EQ(quad.halfHeight, 2.0f);
-    EXPECT_EQ(quad.centre, (PinPoint{3.0f, 1.5f}));
-    EXPECT_NEAR(quad.axis.x, 0.0f, 1e-6f);
-    EXPECT_NEAR(quad.axis.y, 1.0f, 1e-6f);
-    EXPECT_NEAR(quad.normal.x, -1.0f, 1e-6f);
+    EXPECT_EQ(quad.centre, (PinPoint{0.5f, 3.0f}));
+    EXPECT_NEAR(quad.axis.x, -1.0f, 1e-6f);
+    EXPECT_NEAR(quad.axis.y, 0.0f, 1e-6f);
+    EXPECT_NEAR(quad.normal.y, -1.0f, 1e-6f);
 
     // A bone of no length still lies along its angle.
-    const SkinQuad flat = MakeSkinQuad({.angle = 1.5707964f, .length = 0}, {0, 0}, {0, 0},
-                                       WirrelSkin{.offsetX = 1}, texture, 10);
+    const SkinQuad flat = MakeSkinQuad({.angle = 1.5707964f}, {0, 0}, {0, 0}, {.offsetX = 1}, {}, 10);
     EXPECT_NEAR(flat.centre.y, 1.0f, 1e-6f);
 }
 
@@ -87,10 +86,9 @@ TEST(Skins, CollisionChainsGrowAtTheirEnd) {
     EXPECT_EQ(AddAabb(w, key, 0, {0, 0, 1, 1, 2, 9}), 2);
     EXPECT_EQ(AddAabb(w, key, 0, {0, 0, 1, 1, 3, 9}), 3);
     EXPECT_EQ(key.pins[0].aabb, 1);
-    EXPECT_EQ(w.aabbs[1], (WirrelAabb{-2, -3, 2, 3, 1, 2}));
-    EXPECT_EQ(w.aabbs[2].next, 3);
-    EXPECT_EQ(w.aabbs[3].next, -1);
-    EXPECT_EQ(w.aabbs[0].next, -1);
+    EXPECT_EQ(w.aabbs,
+              (std::vector<WirrelAabb>{
+                  {0, 0, 1, 1, 0, -1}, {-2, -3, 2, 3, 1, 2}, {0, 0, 1, 1, 2, 3}, {0, 0, 1, 1, 3, -1}}));
 }
 
 }  // namespace
