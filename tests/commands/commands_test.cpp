@@ -3,7 +3,6 @@
 #include <cmath>
 #include <functional>
 #include <memory>
-#include <numeric>
 #include <set>
 #include <string>
 #include <vector>
@@ -58,6 +57,15 @@ protected:
         hub = test::RecordingHub{};
         view = ViewTransform::OfClient(640, 480);
         FillPinPixels(view, Pins());
+        Press(2);
+        // Pins 0 and 1 of frames 0 and 1 share one textured skin; pin 1 of frame 2 has its own.
+        doc.Wirrel().textures = {WirrelTexture{.imageIndex = 0, .width = 8, .height = 4}};
+        doc.Wirrel().skins = {WirrelSkin{.texture = 0, .offsetY = 0.25f, .scaleX = 2.0f, .angle = 0.5f},
+                              WirrelSkin{.texture = 0, .scaleY = 3.0f}};
+        for (int k = 0; k < 2; ++k) {
+            Keys()[k].pins[0].skin = Keys()[k].pins[1].skin = 0;
+        }
+        Keys()[2].pins[1].skin = 1;
     }
 
     std::vector<WirrelKey>& Keys() { return doc.CurrentAnim().keys; }
@@ -87,22 +95,16 @@ protected:
         PinPositions(doc.CurrentKey(), out);
         return out;
     }
-    // Pins 0 and 1 of frames 0 and 1 share one textured skin; pin 1 of frame 2 has its own.
-    void ShareASkin() {
-        doc.Wirrel().textures = {WirrelTexture{.imageIndex = 0, .width = 8, .height = 4}};
-        doc.Wirrel().skins = {WirrelSkin{.texture = 0, .offsetY = 0.25f, .scaleX = 2.0f, .angle = 0.5f},
-                              WirrelSkin{.texture = 0, .scaleY = 3.0f}};
-        for (int k = 0; k < 2; ++k) {
-            Keys()[k].pins[0].skin = Keys()[k].pins[1].skin = 0;
-        }
-        Keys()[2].pins[1].skin = 1;
+    // The press of a forward drag on `pin`.
+    void Press(int pin) {
+        grabbed = {view.pinPixels[pin].x, view.pinPixels[pin].y};
+        pressed = {grabbed.x + view.ScreenToWorld().ox, grabbed.y + view.ScreenToWorld().oy};
     }
-    // Selects `pin` alone and takes it as the workspace does at a press.
+    // Selects `pin` alone and presses on it.
     void Grab(int pin) {
         SelectPins({pin});
         selection.SetHot(pin, 0);
-        grabbed = {view.pinPixels[pin].x, view.pinPixels[pin].y};
-        pressed = {grabbed.x + view.ScreenToWorld().ox, grabbed.y + view.ScreenToWorld().oy};
+        Press(pin);
     }
     // One mouse move of a forward drag, `dx`, `dy` pixels from the press; the view follows the pose.
     std::shared_ptr<CommandPinFk> Move(float dx, float dy, int mode) {
@@ -121,76 +123,106 @@ protected:
     Vec2 pressed;
 };
 
-// Construction changes the state; undo gives back the state before exactly, redo the state after, and
-// undo the state before again.
-TEST_F(CommandsTest, EveryCommandRoundTrips) {
-    struct Case {
-        std::string name;
-        std::function<void()> setUp;
-        std::function<std::shared_ptr<ICommand>()> make;
+// Every command, alone or as a run of edits that the stack may merge: the edits change something and end
+// as `steps` steps; undoing them all gives back the state before exactly, redoing them the state after,
+// and undoing them again the state before.
+TEST_F(CommandsTest, EveryEditUndoesAndRedoesExactly) {
+    using Edit = std::function<std::shared_ptr<ICommand>()>;
+    const auto property = [&](int kind, int pin, float angle) -> Edit {
+        return [=, this] {
+            return make_shared<CommandPinProperty>(doc, "Set", kind, pin,
+                                                   WirrelPin{.angle = angle, .id = pin});
+        };
+    };
+    const auto name = [&](int pin, const char* text) -> Edit {
+        return [=, this] { return make_shared<CommandPinName>(doc, pin, text); };
+    };
+    const auto order = [&](int from, int to) -> Edit {
+        return [=, this] { return make_shared<CommandPinOrder>(doc, selection, "Order", from, to); };
+    };
+    const auto area = [&](float x0, float y0, float x1, float y1) -> Edit {
+        return [=, this] {
+            return make_shared<CommandPinSelArea>(x0, y0, x1, y1, doc, selection, view, false,
+                                                  selection.Snapshot());
+        };
+    };
+    const auto frame = [&](std::uint32_t index) -> Edit {
+        return [=, this] { return make_shared<CommandFrameSel>(doc, index); };
+    };
+    const auto frames = [&](int kind) -> Edit {
+        return [=, this] {
+            return make_shared<CommandFrameState>(doc, "Tween", kind,
+                                                  std::vector<WirrelKey>(kind - 61, Keys()[2]));
+        };
+    };
+    const Edit deleteAnim = [&] { return make_shared<CommandAnimDelete>(doc, selection, hub); };
+    const Edit chooseWalk = [&] { return make_shared<CommandAnimSel>(doc, selection, hub, 1); };
+    const Edit deleteFrame = [&] { return make_shared<CommandFrameDelete>(doc); };
+    const auto moves = [&](bool ik) {  // a hundred mouse moves of one drag
+        std::vector<Edit> edits;
+        for (int move = 1; move <= 100; ++move) {
+            edits.push_back([=, this]() -> std::shared_ptr<ICommand> {
+                if (ik) {
+                    return make_shared<CommandPinIk>(doc, selection, 400 + move / 2, 300 - move / 2, view,
+                                                     false);
+                }
+                return Move(move * 0.5f, move * -0.25f, kDragMove);
+            });
+        }
+        return edits;
     };
     std::shared_ptr<CommandPinFk> drag;
-    const auto area = [&] {
-        return make_shared<CommandPinSelArea>(300, 150, 330, 250, doc, selection, view, false,
-                                              selection.Snapshot());
+    const auto dragged = [&] { drag = Move(-30, 20, kDragRotate); };
+    const auto grabbed2 = [&] { Grab(2); };
+    const auto tail = [&] { MakeTail(doc, 2); };
+    const auto hiddenInWalk = [&] { doc.Wirrel().anims[1].keys[0].pins[2].flags |= kPinHidden; };
+    struct Case {
+        std::string name;
+        std::vector<Edit> edits;
+        std::size_t steps = 1;
+        std::function<void()> setUp = nullptr;
     };
-    const auto anims = [&](int index) { return make_shared<CommandAnimSel>(doc, selection, hub, index); };
     const std::vector<Case> cases = {
-        {"fk", [&] { Grab(2); }, [&] { return Move(-30, 20, kDragMove); }},
-        {"ik", nullptr, [&] { return make_shared<CommandPinIk>(doc, selection, 416, 304, view, false); }},
-        {"repeat",
-         [&] {
-             Grab(2);
-             drag = Move(-30, 20, kDragRotate);
-         },
-         [&] { return make_shared<CommandRepeat>(doc, drag, 0x080); }},
-        {"ik lock", nullptr, [&] { return make_shared<CommandPinIkLock>(1, doc); }},
-        {"name", nullptr, [&] { return make_shared<CommandPinName>(doc, 3, "crate"); }},
-        {"order down", nullptr, [&] { return make_shared<CommandPinOrder>(doc, selection, "Order", 0, 4); }},
-        {"order up", nullptr, [&] { return make_shared<CommandPinOrder>(doc, selection, "Order", 4, 1); }},
-        {"property", nullptr,
-         [&] {
-             return make_shared<CommandPinProperty>(doc, "Angle", 200, 2, WirrelPin{.angle = 1, .id = 2});
-         }},
-        {"new", nullptr,
-         [&] {
+        {"fk drag", moves(false), 1, grabbed2},
+        {"ik drag", moves(true), 1, grabbed2},
+        {"repeat", {[&] { return make_shared<CommandRepeat>(doc, drag, 0x080); }}, 1, dragged},
+        {"ik lock", {[&] { return make_shared<CommandPinIkLock>(1, doc); }}},
+        {"new", {[&] {
              return make_shared<CommandPinNew>(doc, selection, PinDescription{1, 2, 2, "toe"});
-         }},
-        {"new two", nullptr,
-         [&] {
+         }}},
+        {"new two", {[&] {
              return make_shared<CommandPinNew2>(doc, selection, PinDescription{1, 4, -1, "a"},
                                                 PinDescription{2, 1, 5, "b"});
-         }},
-        {"parent", nullptr, [&] { return make_shared<CommandPinParent>(doc, selection, prompt, 4, 2); }},
-        {"delete", nullptr, [&] { return make_shared<CommandPinDelete>(doc, selection); }},
-        {"type root", nullptr, [&] { return make_shared<CommandPinType>(doc, 2, Root); }},
-        {"type tail", nullptr, [&] { return make_shared<CommandPinType>(doc, 2, Tail); }},
-        {"tail ended", [&] { MakeTail(doc, 2); }, [&] { return make_shared<CommandPinType>(doc, 2, Bone); }},
-        {"area", nullptr, area},
-        {"frame new", nullptr,
-         [&] { return make_shared<CommandFrameNew>(doc, WirrelKey{.pins = Pins(), .ticks = 300}, 1); }},
-        {"frame new first", nullptr,
-         [&] { return make_shared<CommandFrameNew>(doc, WirrelKey{.pins = Pins(), .ticks = 300}, -1); }},
-        {"frame delete", nullptr, [&] { return make_shared<CommandFrameDelete>(doc); }},
-        {"last frame delete", [&] { doc.SetFrame(2); }, [&] { return make_shared<CommandFrameDelete>(doc); }},
-        {"frame replace", nullptr, [&] { return make_shared<CommandFrameReplace>(doc, 2, Keys()[0]); }},
-        {"frame select", nullptr, [&] { return make_shared<CommandFrameSel>(doc, 2); }},
-        {"frame state", nullptr,
-         [&] { return make_shared<CommandFrameState>(doc, "Tween", 62, std::vector<WirrelKey>{Keys()[2]}); }},
-        {"speed", nullptr, [&] { return make_shared<CommandFrameSpeed>(doc, 2.5f); }},
-        {"snap", nullptr, [&] { return make_shared<CommandFrameSnap>(doc, 8u); }},
-        {"mirror", [&] { ShareASkin(); }, [&] { return make_shared<CommandFrameReflect>(doc, 1); }},
-        {"flip", [&] { ShareASkin(); }, [&] { return make_shared<CommandFrameReflect>(doc, 0); }},
-        {"anim new", nullptr, [&] { return make_shared<CommandAnimNew>(doc, selection, hub, "Run", 900u); }},
-        {"anim new named like another", nullptr,
-         [&] { return make_shared<CommandAnimNew>(doc, selection, hub, "Default", 900u); }},
-        {"anim delete", nullptr, [&] { return make_shared<CommandAnimDelete>(doc, selection, hub); }},
-        {"last anim delete", [&] { Select(1, 0); },
-         [&] { return make_shared<CommandAnimDelete>(doc, selection, hub); }},
-        {"anim select", nullptr, [&] { return anims(1); }},
-        {"anim select hiding the hot pin", [&] { doc.Wirrel().anims[1].keys[0].pins[2].flags |= kPinHidden; },
-         [&] { return anims(1); }},
-        {"anim rename", nullptr, [&] { return make_shared<CommandAnimName>(doc, "Run"); }},
+         }}},
+        {"parent", {[&] { return make_shared<CommandPinParent>(doc, selection, prompt, 4, 2); }}},
+        {"delete", {[&] { return make_shared<CommandPinDelete>(doc, selection); }}},
+        {"type root", {[&] { return make_shared<CommandPinType>(doc, 2, Root); }}},
+        {"type tail", {[&] { return make_shared<CommandPinType>(doc, 2, Tail); }}},
+        {"tail ended", {[&] { return make_shared<CommandPinType>(doc, 2, Bone); }}, 1, tail},
+        {"property merged", {property(200, 2, 1), property(200, 2, 2)}},
+        {"another property", {property(200, 2, 1), property(201, 2, 2)}, 2},
+        {"property of another pin", {property(200, 2, 1), property(200, 1, 2)}, 2},
+        {"names of one pin merged", {name(1, "l"), name(1, "le"), name(2, "f")}, 2},
+        {"order down, merged while the same pin moves", {order(0, 1), order(1, 3), order(0, 1)}, 2},
+        {"order up", {order(4, 1)}},
+        {"area selections merged", {area(310, 230, 330, 250), area(0, 0, 640, 480)}},
+        {"frame new", {[&] { return make_shared<CommandFrameNew>(doc, Keys()[0], 1); }}},
+        {"frame new first", {[&] { return make_shared<CommandFrameNew>(doc, Keys()[0], -1); }}},
+        {"frame delete", {deleteFrame}},
+        {"last frame delete", {deleteFrame}, 1, [&] { doc.SetFrame(2); }},
+        {"frame replace", {[&] { return make_shared<CommandFrameReplace>(doc, 2, Keys()[0]); }}},
+        {"frame selections", {frame(2), frame(0)}, 2},
+        {"frame states merged by kind", {frames(62), frames(62), frames(63)}, 2},
+        {"speed", {[&] { return make_shared<CommandFrameSpeed>(doc, 2.5f); }}},
+        {"snap", {[&] { return make_shared<CommandFrameSnap>(doc, 8u); }}},
+        {"mirror", {[&] { return make_shared<CommandFrameReflect>(doc, 1); }}},
+        {"flip", {[&] { return make_shared<CommandFrameReflect>(doc, 0); }}},
+        {"anim new", {[&] { return make_shared<CommandAnimNew>(doc, selection, hub, "Run", 900u); }}},
+        {"anim delete", {deleteAnim}},
+        {"last anim delete", {deleteAnim}, 1, [&] { Select(1, 0); }},
+        {"anim select", {chooseWalk}},
+        {"anim select hiding the hot pin", {chooseWalk}, 1, hiddenInWalk},
+        {"anim rename", {[&] { return make_shared<CommandAnimName>(doc, "Run"); }}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
@@ -199,20 +231,26 @@ TEST_F(CommandsTest, EveryCommandRoundTrips) {
             c.setUp();
         }
         const auto before = State();
-        const std::shared_ptr<ICommand> command = c.make();
+        CommandStack stack;
+        for (const Edit& edit : c.edits) {
+            stack.AddCommand(edit());
+        }
+        stack.FinishDrag(stack.TopCommand()->GetType(), true);
+        EXPECT_EQ(stack.Size(), c.steps);
+        EXPECT_TRUE(stack.IsTopFrozen());
         const auto after = State();
         EXPECT_FALSE(after == before) << "nothing done";
-        command->Undo();
-        EXPECT_TRUE(State() == before) << "first undo";
-        command->Redo();
-        EXPECT_TRUE(State() == after) << "redo";
-        command->Undo();
-        EXPECT_TRUE(State() == before) << "second undo";
+        for (const bool redo : {false, true, false}) {
+            while (redo ? stack.CanRedo() : stack.CanUndo()) {
+                stack.UndoRedo(redo, hub);
+            }
+            EXPECT_TRUE(State() == (redo ? after : before)) << (redo ? "redo" : "undo");
+        }
     }
 }
 
 // Without "Walk" and with one frame: a deletion takes along a root left without its only bone, or a
-// leaf left without its root; the pins left are renumbered.
+// leaf left without its root.
 TEST_F(CommandsTest, DeletingTakesALoneParentOrALoneChildAlong) {
     struct Case {
         std::vector<int> selected;
@@ -231,9 +269,6 @@ TEST_F(CommandsTest, DeletingTakesALoneParentOrALoneChildAlong) {
         SelectPins(c.selected);
         CommandPinDelete command(doc, selection);
         EXPECT_EQ(doc.PinCount(), c.pinsLeft);
-        std::vector<int> ids(c.pinsLeft);
-        std::iota(ids.begin(), ids.end(), 0);
-        EXPECT_EQ(Ids(doc.CurrentKey()), ids);
         EXPECT_TRUE(selection.selected.empty());
         EXPECT_EQ(selection.hotItem, -1);
     }
@@ -289,96 +324,8 @@ TEST_F(CommandsTest, ReorderingKeepsTheTreeAndTheSelectionOnTheSamePins) {
     CommandPinOrder command(doc, selection, "Change Draw Order", 0, 4);
     EXPECT_EQ(Ids(doc.CurrentKey()), (std::vector<int>{1, 2, 3, 4, 0}));
     EXPECT_EQ(Pins()[0].parent, 4);
-    EXPECT_EQ(Pins()[1].parent, 0);
-    EXPECT_EQ(Pins()[3].parent, 2);
-    EXPECT_EQ(selection.selected, (std::set<int>{1, 3}));
+    EXPECT_EQ(selection.Snapshot(), (SelectionTracker::Saved{{1, 3}, 1, 0}));
     EXPECT_EQ(selection.hotItem, 1);
-    EXPECT_EQ(selection.currentItem, 1);
-}
-
-// Pin 2 alone is grabbed. Merged or not, the edits change something, and undoing every step gives the
-// start back and redoing them the end.
-TEST_F(CommandsTest, OnlyEditsOfTheSameThingMerge) {
-    using Edit = std::function<std::shared_ptr<ICommand>()>;
-    const auto property = [&](int kind, int pin, float angle) -> Edit {
-        return [=, this] {
-            return make_shared<CommandPinProperty>(doc, "Set", kind, pin,
-                                                   WirrelPin{.angle = angle, .id = pin});
-        };
-    };
-    const auto name = [&](int pin, const char* text) -> Edit {
-        return [=, this] { return make_shared<CommandPinName>(doc, pin, text); };
-    };
-    const auto order = [&](int from, int to) -> Edit {
-        return [=, this] { return make_shared<CommandPinOrder>(doc, selection, "Order", from, to); };
-    };
-    const auto area = [&](float x0, float y0, float x1, float y1) -> Edit {
-        return [=, this] {
-            return make_shared<CommandPinSelArea>(x0, y0, x1, y1, doc, selection, view, false,
-                                                  selection.Snapshot());
-        };
-    };
-    const auto frames = [&](int kind) -> Edit {
-        return [=, this] {
-            return make_shared<CommandFrameState>(doc, "Tween", kind, std::vector<WirrelKey>(kind - 61));
-        };
-    };
-    const auto frame = [&](std::uint32_t index) -> Edit {
-        return [=, this] { return make_shared<CommandFrameSel>(doc, index); };
-    };
-    const auto drag = [&](bool ik) {  // a hundred mouse moves
-        std::vector<Edit> moves;
-        for (int move = 1; move <= 100; ++move) {
-            moves.push_back([=, this]() -> std::shared_ptr<ICommand> {
-                if (ik) {
-                    return make_shared<CommandPinIk>(doc, selection, 400 + move / 2, 300 - move / 2, view,
-                                                     false);
-                }
-                return Move(move * 0.5f, move * -0.25f, kDragMove);
-            });
-        }
-        return moves;
-    };
-    struct Case {
-        std::string name;
-        std::size_t steps;
-        std::vector<Edit> edits;
-    };
-    const std::vector<Case> cases = {
-        {"fk drag", 1, drag(false)},
-        {"ik drag", 1, drag(true)},
-        {"property", 1, {property(200, 2, 1), property(200, 2, 2)}},
-        {"other property", 2, {property(200, 2, 1), property(201, 2, 2)}},
-        {"other pin", 2, {property(200, 2, 1), property(200, 1, 2)}},
-        {"name", 2, {name(1, "l"), name(1, "le"), name(2, "f")}},
-        {"order", 2, {order(0, 1), order(1, 3), order(0, 1)}},
-        {"area", 1, {area(310, 230, 330, 250), area(0, 0, 640, 480)}},
-        {"frame selection", 2, {frame(2), frame(0)}},
-        {"frame state", 2, {frames(62), frames(62), frames(63)}},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        SetUp();
-        Grab(2);
-        const auto start = State();
-        CommandStack stack;
-        for (const Edit& edit : c.edits) {
-            stack.AddCommand(edit());
-        }
-        stack.FinishDrag(stack.TopCommand()->GetType(), true);
-        EXPECT_EQ(stack.Size(), c.steps);
-        EXPECT_TRUE(stack.IsTopFrozen());
-        const auto end = State();
-        EXPECT_FALSE(end == start);
-        while (stack.CanUndo()) {
-            stack.UndoRedo(false, hub);
-        }
-        EXPECT_TRUE(State() == start);
-        while (stack.CanRedo()) {
-            stack.UndoRedo(true, hub);
-        }
-        EXPECT_TRUE(State() == end);
-    }
 }
 
 TEST_F(CommandsTest, AreaSelectionTogglesThePinsWithin4PixelsOfTheBox) {
@@ -430,7 +377,6 @@ TEST_F(CommandsTest, ReflectingTurnsThePoseAndItsSkinsButLeavesSharedSkinsAlone)
     for (const int axis : {0, 1}) {
         SCOPED_TRACE(axis == 1 ? "mirror" : "flip");
         SetUp();
-        ShareASkin();
         const PinPoint turn = axis == 1 ? PinPoint{-1, 1} : PinPoint{1, -1};
         const std::vector<PinPoint> before = Positions();
         const WirrelSkin shared = doc.Wirrel().skins[0];
@@ -465,7 +411,6 @@ TEST_F(CommandsTest, AnimationChoicesFollowTheListAndThePins) {
     selection.SetHot(1, 0);
     CommandAnimSel shown(doc, selection, hub, 1);  // the hot pin is shown there: the pins stay
     EXPECT_EQ(selection.selected, (std::set<int>{2, 4}));
-    EXPECT_EQ(NameOf(doc.cursor.otherAnimName), "Default");
     shown.Undo();
     selection.SetHot(4, 0);
     CommandAnimSel hidden(doc, selection, hub, 1);
@@ -477,14 +422,14 @@ TEST_F(CommandsTest, InverseKinematicsReachesTheMouseAndHoldsItsLocks) {
     Pins()[1].flags |= kPinIkLock;
     Pins()[2].flags |= kPinTweened;
     Grab(2);
-    view.cameraX = 1;
-    CommandPinIk held(doc, selection, 448, 304, view, false);  // toward the world point (5, 2)
+    view.cameraX = view.cameraY = 0.5f;
+    CommandPinIk held(doc, selection, 400, 416, view, false);  // toward the world point (3, 6)
     ASSERT_TRUE(held.valid);
     EXPECT_EQ(Pins()[2].flags, Bone);  // posed by the user: a key now
     EXPECT_NEAR(Positions()[1].x, 0.0f, 1e-5f);
     EXPECT_NEAR(Positions()[1].y, 2.0f, 1e-5f);
-    EXPECT_NEAR(Positions()[2].x, 3.0f, 1e-3f);
-    EXPECT_NEAR(Positions()[2].y, 2.0f, 1e-3f);
+    EXPECT_NEAR(Positions()[2].x, 1.8f, 1e-3f);
+    EXPECT_NEAR(Positions()[2].y, 4.4f, 1e-3f);
     SetUp();
     Grab(2);
     selection.SetHot(2, 2);  // the bone was taken: alone, its pin turns about the parent's parent
@@ -521,7 +466,9 @@ TEST_F(CommandsTest, AForwardDragRepeatsAbsolutelyRelativelyOrInProportion) {
         anchored.flags |= kPinHidden;
         const WirrelPin anchoredBefore = anchored;
         Grab(1);
+        Pins()[1].flags |= kPinTweened;
         auto drag = c.mode == kDragRotate ? Move(-64, -64, kDragRotate) : Move(0, 32, kDragLength);
+        EXPECT_EQ(Pins()[1].flags, Bone);  // posed by the user: a key now
         EXPECT_EQ(RepeatModesOf(*drag), c.mode == kDragLength ? kRepeatAll : 0x0FFu);
         CommandRepeat repeat(doc, drag, c.mask);
         const auto value = [&](int anim, int frame) {
@@ -538,7 +485,6 @@ TEST_F(CommandsTest, AForwardDragRepeatsAbsolutelyRelativelyOrInProportion) {
 
 TEST_F(CommandsTest, ATypeChangeRepeatsButATailIsntAndOtherCommandsOfferNothing) {
     auto type = make_shared<CommandPinType>(doc, 2, Root);
-    EXPECT_EQ(Pins()[2].parent, -1);  // a root hangs from nothing
     EXPECT_EQ(RepeatModesOf(*type), kRepeatAll);
     CommandRepeat repeat(doc, type, 0x001);
     EXPECT_EQ(repeat.label.Utf8(), "Repeat Change pin type");
@@ -547,17 +493,7 @@ TEST_F(CommandsTest, ATypeChangeRepeatsButATailIsntAndOtherCommandsOfferNothing)
     EXPECT_EQ(Keys()[2].pins[2].Type(), Root);
     EXPECT_EQ(Keys()[2].pins[2].parent, -1);
     EXPECT_EQ(RepeatModesOf(CommandPinType(doc, 1, Tail)), 0u);
-    EXPECT_EQ(RepeatModesOf(CommandFrameSel(doc, 0)), 0u);
     EXPECT_EQ(RepeatModesOf(CommandMacro("Set Tile", 12)), 0u);
-}
-
-TEST(RepeatModesTest, EveryMenuIdGivesItsEntrysMask) {
-    unsigned all = 0;
-    for (const RepeatMode& mode : kRepeatModes) {
-        EXPECT_EQ(RepeatMaskOfMenuId(mode.menuId), mode.mask) << mode.text;
-        all |= mode.mask;
-    }
-    EXPECT_EQ(all, kRepeatAll);
 }
 
 // Which frames the walk reaches, as 10 * animation + frame in order, for a document of three animations

@@ -49,9 +49,9 @@ public:
             Add(make_shared<CommandPinNew>(
                 doc_, selection_, PinDescription{PickFloat(0, 6.2f), PickFloat(0, 4), parent, Name()}));
         } else if (choice < 28) {
-            DragForward();
+            Drag(true);
         } else if (choice < 36) {
-            DragInverse();
+            Drag(false);
         } else if (choice < 41) {
             // Onto its own tree the change is refused, and nothing is sent.
             auto command = make_shared<CommandPinParent>(doc_, selection_, *this, AnyPin(), AnyPin());
@@ -121,7 +121,9 @@ private:
         return hot;
     }
 
-    void DragForward() {
+    // A drag of a few moves, forward or inverse; the workspace ends every posing drag with the forward
+    // kind, so an open IK drag stays open until the next command freezes it.
+    void Drag(bool forward) {
         const int hot = SelectSome();
         const int mode = Pick(0, 2);
         FillPinPixels(view_, Pins());
@@ -130,22 +132,15 @@ private:
         Vec2 mouse = pressed;
         for (int move = Pick(1, 20); move > 0; --move) {
             mouse = {mouse.x + PickFloat(-6, 6), mouse.y + PickFloat(-6, 6)};
-            Add(make_shared<CommandPinFk>(grabbed, pressed, mouse, doc_, selection_, mode, view_));
-            FillPinPixels(view_, Pins());
+            if (forward) {
+                Add(make_shared<CommandPinFk>(grabbed, pressed, mouse, doc_, selection_, mode, view_));
+                FillPinPixels(view_, Pins());
+            } else {
+                auto ik =
+                    make_shared<CommandPinIk>(doc_, selection_, Pick(0, 640), Pick(0, 480), view_, mode == 0);
+                Add(ik->valid ? ik : nullptr);
+            }
         }
-        stack_.FinishDrag(kKindPinFk, true);
-    }
-
-    void DragInverse() {
-        SelectSome();
-        const bool single = Pick(0, 1) == 0;
-        for (int move = Pick(1, 10); move > 0; --move) {
-            auto command = make_shared<CommandPinIk>(doc_, selection_, Pick(0, view_.clientWidth),
-                                                     Pick(0, view_.clientHeight), view_, single);
-            Add(command->valid ? command : nullptr);
-        }
-        // The workspace ends every posing drag with the forward kind: an open IK drag stays open until
-        // the next command freezes it.
         stack_.FinishDrag(kKindPinFk, true);
     }
 
@@ -156,7 +151,7 @@ private:
             return;
         }
         if (!stack_.CanUndo() || RepeatModesOf(*stack_.TopCommand()) == 0) {
-            DragForward();
+            Drag(true);
         }
         const unsigned mask = kRepeatModes[Pick(0, kRepeatModes.size() - 1)].mask;
         if (stack_.IsTopFrozen() && (RepeatModesOf(*stack_.TopCommand()) & mask) != 0) {
