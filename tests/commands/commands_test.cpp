@@ -29,8 +29,9 @@ constexpr float kQuarter = 1.5707964f;
 
 // "Default" has three frames (frame 1 current) of two trees: root 0 at the origin with the chain 1
 // (straight up, 2 long) and 2 (3 long, along x, turned a further 0.25 in each frame); root 3 at (-5, 0)
-// with the attachment 4. Ids are the indices; "Walk" is a copy. Pins 2 and 4 are selected, 2 current and
-// hot; the view has 32 pixels to the unit and pin pixels are relative to the world origin.
+// with the attachment 4. Ids are the indices; pins 0 and 1 of frames 0 and 1 share a textured skin.
+// "Walk" is a copy. Pins 2 and 4 are selected, 2 current and hot; the view has 32 pixels to the unit,
+// and pin pixels are relative to the world origin.
 class CommandsTest : public testing::Test {
 protected:
     static void SetUpTestSuite() { test::LoadEnglish(); }
@@ -39,16 +40,19 @@ protected:
         doc.Reset(true);
         doc.Wirrel().pinNames = {MakeName("hip"), MakeName("leg"), MakeName("foot"), MakeName("box"),
                                  MakeName("lid")};
+        doc.Wirrel().textures = {WirrelTexture{.imageIndex = 0, .width = 8, .height = 4}};
+        doc.Wirrel().skins = {WirrelSkin{.texture = 0, .offsetY = 0.25f, .scaleX = 2.0f, .angle = 0.5f}};
         Keys().clear();
         for (std::uint32_t k = 0; k < 3; ++k) {
             Keys().push_back(
-                {.pins = {{.angle = 0, .length = 0, .flags = Root, .parent = -1, .id = 0},
+                {.pins = {{.flags = Root, .id = 0},
                           {.angle = kQuarter, .length = 2, .flags = Bone, .parent = 0, .id = 1},
                           {.angle = 0.25f * k, .length = 3, .flags = Bone, .parent = 1, .id = 2},
-                          {.angle = kPi, .length = 5, .flags = Root, .parent = -1, .id = 3},
+                          {.angle = kPi, .length = 5, .flags = Root, .id = 3},
                           {.angle = 3 * kQuarter, .length = 1, .flags = Attachment, .parent = 3, .id = 4}},
                  .ticks = 600 + 100 * k});
         }
+        Keys()[0].pins[0].skin = Keys()[0].pins[1].skin = Keys()[1].pins[0].skin = Keys()[1].pins[1].skin = 0;
         doc.AddAnim("Walk", kAnimCopy, -1);
         Select(0, 1);
         selection = SelectionTracker{};
@@ -58,14 +62,6 @@ protected:
         view = ViewTransform::OfClient(640, 480);
         FillPinPixels(view, Pins());
         Press(2);
-        // Pins 0 and 1 of frames 0 and 1 share one textured skin; pin 1 of frame 2 has its own.
-        doc.Wirrel().textures = {WirrelTexture{.imageIndex = 0, .width = 8, .height = 4}};
-        doc.Wirrel().skins = {WirrelSkin{.texture = 0, .offsetY = 0.25f, .scaleX = 2.0f, .angle = 0.5f},
-                              WirrelSkin{.texture = 0, .scaleY = 3.0f}};
-        for (int k = 0; k < 2; ++k) {
-            Keys()[k].pins[0].skin = Keys()[k].pins[1].skin = 0;
-        }
-        Keys()[2].pins[1].skin = 1;
     }
 
     std::vector<WirrelKey>& Keys() { return doc.CurrentAnim().keys; }
@@ -388,7 +384,7 @@ TEST_F(CommandsTest, ReflectingTurnsThePoseAndItsSkinsButLeavesSharedSkinsAlone)
         EXPECT_EQ(doc.Wirrel().skins[0], shared);  // frame 0 still uses it
         const WirrelSkin& turned = doc.Wirrel().skins[Pins()[1].skin];
         EXPECT_EQ(turned.scaleX, 2.0f * turn.x);
-        EXPECT_EQ(turned.scaleY, -turn.x);
+        EXPECT_EQ(turned.scaleY, turn.y);
         EXPECT_EQ(turned.offsetY, -0.25f);
         EXPECT_NEAR(std::cos(turned.angle), turn.x * std::cos(0.5f), 1e-6f);
         EXPECT_NEAR(std::sin(turned.angle), turn.y * std::sin(0.5f), 1e-6f);
