@@ -148,7 +148,7 @@ TEST_F(CommandsTest, EveryEditUndoesAndRedoesExactly) {
     const auto frames = [&](int kind) -> Edit {
         return [=, this] {
             return make_shared<CommandFrameState>(doc, "Tween", kind,
-                                                  std::vector<WirrelKey>(kind - 61, Keys()[2]));
+                                                  std::vector<WirrelKey>(kind - 60, Keys()[0]));
         };
     };
     const Edit deleteAnim = [&] { return make_shared<CommandAnimDelete>(doc, selection, hub); };
