@@ -1,46 +1,48 @@
 #pragma once
-// Everything a command may change, captured for comparison: the tables, the play cursor, the snap
-// setting, the pin selection and the animation list's selection.
+// The editor as command tests see it: a hub that keeps what commands set (stopping playback runs
+// `onStop`, with which a test records the stop on a stack as the editor does), and everything a command
+// may change, captured as values that compare.
 
+#include <functional>
 #include <tuple>
 
+#include "doc/editor_hub.h"
 #include "doc/selection_tracker.h"
 #include "doc/wirrel_doc.h"
-#include "recording_hub.h"
 
 namespace kovra::test {
 
-inline bool SameCursor(const PlayCursor& a, const PlayCursor& b) {
-    const auto tie = [](const PlayCursor& c) {
-        return std::tie(c.animIndex, c.animName, c.frameIndex, c.framePos, c.otherAnimName, c.otherFrameIndex,
-                        c.otherFramePos, c.blending, c.blendPos, c.blendLength);
-    };
-    return tie(a) == tie(b);
-}
-
-struct DocState {
-    DocState(const WirrelDoc& doc, const SelectionTracker& selection, const RecordingHub& hub)
-        : wirrel(doc.Wirrel()),
-          cursor(doc.cursor),
-          snapFrames(doc.snapFrames),
-          hotItem(selection.hotItem),
-          hotPart(selection.hotPart),
-          selection(selection.Snapshot()),
-          animList(hub.animListSelection) {}
-
-    bool operator==(const DocState& o) const {
-        return wirrel == o.wirrel && SameCursor(cursor, o.cursor) && snapFrames == o.snapFrames &&
-               hotItem == o.hotItem && hotPart == o.hotPart && selection == o.selection &&
-               animList == o.animList;
+struct RecordingHub : EditorHub {
+    int EditMode() const override { return editMode; }
+    void SetEditMode(int mode) override { editMode = mode; }
+    int SkinTool() const override { return skinTool; }
+    void SetSkinTool(int tool) override { skinTool = tool; }
+    int AnimListSelection() const override { return animListSelection; }
+    void SetAnimListSelection(int index) override { animListSelection = index; }
+    bool IsPlaying() const override { return playing; }
+    void StopPlayback() override {
+        playing = false;
+        if (onStop) {
+            onStop();
+        }
     }
 
-    Wirrel wirrel;
-    PlayCursor cursor;
-    std::uint32_t snapFrames;
-    int hotItem;
-    int hotPart;
-    SelectionTracker::Saved selection;
-    int animList;
+    int editMode = kModeAnimate;
+    int skinTool = kToolSkin;
+    int animListSelection = 0;
+    bool playing = false;
+    std::function<void()> onStop;
 };
+
+inline auto CursorOf(const PlayCursor& c) {
+    return std::make_tuple(c.animIndex, c.animName, c.frameIndex, c.framePos, c.otherAnimName,
+                           c.otherFrameIndex, c.otherFramePos, c.blending, c.blendPos, c.blendLength);
+}
+
+// The tables, the play cursor, the snap setting, the pin selection and the animation list's selection.
+inline auto StateOf(const WirrelDoc& doc, const SelectionTracker& selection, const RecordingHub& hub) {
+    return std::make_tuple(doc.Wirrel(), CursorOf(doc.cursor), doc.snapFrames, selection.hotItem,
+                           selection.hotPart, selection.Snapshot(), hub.animListSelection);
+}
 
 }  // namespace kovra::test
