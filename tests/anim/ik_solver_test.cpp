@@ -145,30 +145,22 @@ TEST_P(SolveIkProperties, BoneLengthsNeverChangeAndALockStaysPut) {
     }
 }
 
-// A pin two or more bones below the pin held (the root without a lock, or a locked one) is dragged to a
-// point of the band those bones can reach, a tenth of their length inside its edges: near the edges the
-// reaching creeps, so more passes are allowed than a drag step gets.
+// A pin below the pin held (the root without a lock, or a locked one) is dragged to a point of the band the
+// bones between them can reach, a tenth of their length inside its edges (one bone has no band): near the
+// edges the reaching creeps, so more passes are allowed than a drag step gets.
 TEST_P(SolveIkProperties, ReachableTargetIsReached) {
     const int count = Uniform(6, 24);
     Pose pose = test::RandomSkeleton(rng_, count);
     const std::vector<WorldPoint> before = World(pose);
     for (int attempt = 0; attempt < 100; ++attempt) {
         const int hot = Uniform(0, count - 1);
-        int depth = 0;
-        for (int p = pose[hot].parent; p >= 0; p = pose[p].parent) {
-            ++depth;
-        }
-        if (depth < 2) {
-            continue;
-        }
-        int held = pose[hot].parent;
-        for (int up = Uniform(1, depth - 1); up > 0; --up) {
-            held = pose[held].parent;
-        }
+        // Up to a random ancestor or the root, whichever comes first; the bones on the way form the path.
+        int held = hot;
         float reach = 0.0f, longest = 0.0f;
-        for (int p = hot; p != held; p = pose[p].parent) {
-            reach += pose[p].length;
-            longest = std::max(longest, pose[p].length);
+        for (int up = Uniform(2, 8); up > 0 && pose[held].parent >= 0; --up) {
+            reach += pose[held].length;
+            longest = std::max(longest, pose[held].length);
+            held = pose[held].parent;
         }
         const float inner = std::max(0.0f, 2.0f * longest - reach) + 0.1f * reach;
         if (inner >= 0.9f * reach) {

@@ -91,39 +91,33 @@ TEST(Interpolate, HiddenPinsKeepTheirRelativeAngle) {
 }
 
 // An animation of the given poses, each a key frame of 1200 ticks.
-Wirrel AnimationOf(const std::vector<Pose>& poses, std::string_view name = "walk") {
-    Wirrel wirrel;
+WirrelAnim AnimationOf(std::string_view name, const std::vector<Pose>& poses) {
     WirrelAnim anim;
     anim.name = MakeName(name);
     for (const Pose& pose : poses) {
         anim.keys.push_back(WirrelKey{.pins = pose, .ticks = 1200});
     }
-    wirrel.anims.push_back(anim);
-    return wirrel;
+    return anim;
 }
 
-TEST(EvaluatePose, TheLastFrameRunsTowardTheFirstAndASingleFrameStands) {
-    const Wirrel three = AnimationOf({PoseAt({{-1, 0, 0}}), PoseAt({{-1, 4, 0}}), PoseAt({{-1, 2, 0}})});
+// Walk has key frames with its root at (0, 0), (4, 0) and (2, 0), jump one with it at (0, 8), stand one of
+// three pins.
+TEST(EvaluatePose, SamplesTheKeyFramesAroundThePlayPosition) {
+    const Pose stand = PoseAt({{-1, 1, 0}, {0, 2, 1}, {1, 2, 3}});
+    Wirrel wirrel;
+    wirrel.anims = {AnimationOf("walk", {PoseAt({{-1, 0, 0}}), PoseAt({{-1, 4, 0}}), PoseAt({{-1, 2, 0}})}),
+                    AnimationOf("jump", {PoseAt({{-1, 0, 8}})}), AnimationOf("stand", {stand})};
     Pose out;
-    ASSERT_TRUE(EvaluatePose(three, PlayCursor{.animIndex = 0, .frameIndex = 2, .framePos = 2.25f}, out));
-    EXPECT_NEAR(World(out)[0].x, 1.5f, 1e-6f);
-
-    const Pose pose = PoseAt({{-1, 1, 0}, {0, 2, 1}, {1, 2, 3}});
-    ASSERT_TRUE(EvaluatePose(AnimationOf({pose}), PlayCursor{.animIndex = 0, .framePos = 0.7f}, out));
-    ExpectSameWorld(out, pose, 1e-6f);
-    EXPECT_FALSE(EvaluatePose(three, PlayCursor{.animIndex = 0, .frameIndex = 3}, out));
-}
-
-TEST(EvaluatePose, BlendsFromTheAnimationLeft) {
-    Wirrel wirrel = AnimationOf({PoseAt({{-1, 0, 0}}), PoseAt({{-1, 4, 0}})});
-    wirrel.anims.push_back(AnimationOf({PoseAt({{-1, 0, 8}})}, "jump").anims[0]);
-    const PlayCursor cursor{
-        .animIndex = 0, .framePos = 0.5f, .otherAnimName = MakeName("jump"), .blending = true, .blendPos = 0.25f};
-    Pose out;
-    ASSERT_TRUE(EvaluatePose(wirrel, cursor, out));
-    // Walk is at (2, 0), jump at (0, 8); a quarter of the way from jump to walk.
-    EXPECT_NEAR(World(out)[0].x, 0.5f, 1e-6f);
-    EXPECT_NEAR(World(out)[0].y, 6.0f, 1e-6f);
+    ASSERT_TRUE(EvaluatePose(wirrel, PlayCursor{.animIndex = 0, .frameIndex = 2, .framePos = 2.25f}, out));
+    EXPECT_NEAR(World(out)[0].x, 1.5f, 1e-6f);  // the last frame runs toward the first
+    // A transition a quarter of the way from jump to walk, at (2, 0).
+    const PlayCursor blending{.animIndex = 0, .framePos = 0.5f, .otherAnimName = MakeName("jump"), .blending = true,
+                              .blendPos = 0.25f};
+    ASSERT_TRUE(EvaluatePose(wirrel, blending, out));
+    EXPECT_LT(test::DistanceTo(World(out)[0], 0.5f, 6.0f), 1e-6f);
+    ASSERT_TRUE(EvaluatePose(wirrel, PlayCursor{.animIndex = 2, .framePos = 0.7f}, out));
+    ExpectSameWorld(out, stand, 1e-6f);  // a single frame stands
+    EXPECT_FALSE(EvaluatePose(wirrel, PlayCursor{.animIndex = 0, .frameIndex = 3}, out));
 }
 
 TEST(EvaluateSkins, OneRecordPerPinLinearWithoutTheShorterArc) {
@@ -132,7 +126,8 @@ TEST(EvaluateSkins, OneRecordPerPinLinearWithoutTheShorterArc) {
     Pose second = first;
     first[1].skin = first[2].skin = 0;
     second[0].skin = second[1].skin = 1;
-    Wirrel wirrel = AnimationOf({first, second});
+    Wirrel wirrel;
+    wirrel.anims = {AnimationOf("walk", {first, second})};
     wirrel.skins = {
         WirrelSkin{.texture = 2, .offsetX = 0, .offsetY = 2, .scaleX = 1, .scaleY = 1, .angle = 6.0f},
         WirrelSkin{.texture = 4, .offsetX = 10, .offsetY = 0, .scaleX = 2, .scaleY = 3, .angle = 0.2f}};

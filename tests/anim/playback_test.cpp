@@ -113,7 +113,7 @@ TEST(SnapGrid, ConvertsBetweenTicksAndSnapCells) {
     EXPECT_EQ(grid.Rate(), 5);
     EXPECT_EQ(grid.TicksToSnaps(600), 2.5f);
     EXPECT_EQ(grid.SecondsToTicks(2.5f), 600);
-    EXPECT_EQ(grid.SecondsToTicks(0.1f), 24);
+    EXPECT_EQ(grid.SecondsToTicks(0.099f), 24);  // rounded, not cut
     EXPECT_EQ(grid.SnapCells(3000), 13);
     EXPECT_EQ(grid.SnapCells(2880), 12);
     EXPECT_EQ(grid.DisplayedTicks(13), 3120);
