@@ -7,9 +7,12 @@
 
 #include "bitmap/image_surface.h"
 #include "bitmap/lines.h"
+#include "pictures.h"
 #include "support/png_image.h"
 
 namespace {
+
+using kovra::test::Filled;
 
 constexpr std::uint32_t kInk = 0xFF0000FF;
 
@@ -27,16 +30,10 @@ std::vector<std::string> Picture(const aurel::ImageSurface& surface) {
     return rows;
 }
 
-aurel::ImageSurface Blank(int width, int height) {
-    aurel::ImageSurface surface;
-    surface.Resize(width, height);
-    return surface;
-}
-
 }  // namespace
 
 TEST(Shapes, FillRectIncludesAllEdgesAndClipsOnEverySide) {
-    aurel::ImageSurface s = Blank(6, 4);
+    aurel::ImageSurface s = Filled(6, 4, 0);
     s.FillRect(-3, 2, 1, 9, kInk);       // left and bottom outside
     s.FillRect(4, -5, 40, 0, kInk);      // top and right outside
     s.FillRect(3, 1, 2, 1, kInk);        // right below left: nothing
@@ -47,19 +44,18 @@ TEST(Shapes, FillRectIncludesAllEdgesAndClipsOnEverySide) {
 }
 
 TEST(Shapes, DrawRectIsOnePixelLargerThanFillRect) {
-    aurel::ImageSurface s = Blank(6, 5);
+    aurel::ImageSurface s = Filled(6, 5, 0);
     s.DrawRect(1, 1, 3, 2, kInk);
     s.DrawRect(0, 0, 2, 2, 0x00FFFFFF);  // no alpha: nothing
     EXPECT_EQ(Picture(s), (std::vector<std::string>{"......", ".####.", ".#..#.", ".####.", "......"}));
 
-    aurel::ImageSurface clipped = Blank(3, 3);
+    aurel::ImageSurface clipped = Filled(3, 3, 0);
     clipped.DrawRect(-1, -1, 0, 0, kInk);  // only the right and bottom lines show
     EXPECT_EQ(Picture(clipped), (std::vector<std::string>{".#.", "##.", "..."}));
 }
 
 TEST(Shapes, Lines) {
-    aurel::ImageSurface s = Blank(32, 32);
-    s.Clear(0xFF000000);
+    aurel::ImageSurface s = Filled(32, 32, 0xFF000000);
     s.DrawLine(2, 2, 29, 9, 0xFFFFFFFF);
     s.DrawLine(3, 30, 10, 1, 0xC0FF4040);
     s.DrawLine(20, 28, 29, 28, 0x80FFFFFF);  // the packed forms
@@ -82,8 +78,7 @@ TEST(Shapes, LinesOnABottomUpBitmapCountRowsFromTheBottom) {
 }
 
 TEST(Shapes, Circles) {
-    aurel::ImageSurface s = Blank(48, 30);
-    s.Clear(0xFF000000);
+    aurel::ImageSurface s = Filled(48, 30, 0xFF000000);
     for (int i = 0; i < 6; ++i) {
         s.DrawCircle(5.0f + 8 * i, 8.0f, 1.5f + 0.5f * i, 0xFFFFFFFF);  // the stamped radii
     }
@@ -96,8 +91,7 @@ TEST(Shapes, Circles) {
 }
 
 TEST(Shapes, RoundRectsAndTriangles) {
-    aurel::ImageSurface s = Blank(40, 24);
-    s.Clear(0xFF000000);
+    aurel::ImageSurface s = Filled(40, 24, 0xFF000000);
     s.DrawRoundRect(2, 2, 16, 10, 4, 0xFFFFFFFF, 1.0f, true);
     s.DrawRoundRect(21, 2, 16, 10, 4, 0xFFFFFFFF, 1.0f, false);
     s.DrawRoundRect(2.6f, 15.2f, 10.9f, 6, 1.5f, 0xFF40FF40, 1.0f, true);  // radius below 2: plain outline
