@@ -11,51 +11,48 @@
 using kovra::test::Filled;
 using kovra::test::MatchesReference;
 
+const aurel::ImageSurface kTexture = kovra::test::Texture();
+
 TEST(Blit, ScaledCopiesClipAtAllFourEdges) {
-    const aurel::ImageSurface texture = kovra::test::Texture();
     aurel::ImageSurface s = Filled(24, 24, 0xFF202020);
-    texture.Blit(0, 0, 8, 8, s, -5, -5, 16, 16, 1.0f, true);
-    texture.Blit(0, 0, 8, 8, s, 13, -6, 16, 16, 1.0f, true);
-    texture.Blit(0, 0, 8, 8, s, -6, 13, 16, 16, 1.0f, true);
-    texture.Blit(0, 0, 8, 8, s, 14, 14, 16, 16, 1.0f, true);
+    kTexture.Blit(0, 0, 8, 8, s, -5, -5, 16, 16, 1.0f, true);
+    kTexture.Blit(0, 0, 8, 8, s, 13, -6, 16, 16, 1.0f, true);
+    kTexture.Blit(0, 0, 8, 8, s, -6, 13, 16, 16, 1.0f, true);
+    kTexture.Blit(0, 0, 8, 8, s, 14, 14, 16, 16, 1.0f, true);
     EXPECT_TRUE(MatchesReference(s.Bitmap(), "bitmap/blit_edges"));
 }
 
 TEST(Blit, NegativeSizesReadTheSourceFromTheFarSide) {
-    const aurel::ImageSurface texture = kovra::test::Texture();
     aurel::ImageSurface s = Filled(28, 10, 0xFF202020);
-    texture.Blit(0, 0, 8, 8, s, 9, 1, -8, 8, 1.0f, true);     // mirrored left to right
-    texture.Blit(0, 0, 8, 8, s, 10, 9, 8, -8, 1.0f, true);    // upside down
-    texture.Blit(0, 0, 8, 8, s, 30, 9, -12, -8, 1.0f, true);  // both, clipped on the right
+    kTexture.Blit(0, 0, 8, 8, s, 9, 1, -8, 8, 1.0f, true);     // mirrored left to right
+    kTexture.Blit(0, 0, 8, 8, s, 10, 9, 8, -8, 1.0f, true);    // upside down
+    kTexture.Blit(0, 0, 8, 8, s, 30, 9, -12, -8, 1.0f, true);  // both, clipped on the right
     EXPECT_TRUE(MatchesReference(s.Bitmap(), "bitmap/blit_mirrored"));
 }
 
 TEST(Blit, OpacityMovesTheAlphaAndKeepAlphaLeavesIt) {
-    const aurel::ImageSurface texture = kovra::test::Texture();
     aurel::ImageSurface s = Filled(30, 13, 0x40102030);
-    texture.Blit(0, 0, 8, 8, s, 0, 0, 5, 5, 0.5f, false);
-    texture.Blit(0, 0, 8, 8, s, 6, 0, 13, 13, 1.0f, false);
-    texture.Blit(0, 0, 8, 8, s, 20, 0, 9, 11, 1.0f, true);
+    kTexture.Blit(0, 0, 8, 8, s, 0, 0, 5, 5, 0.5f, false);
+    kTexture.Blit(0, 0, 8, 8, s, 6, 0, 13, 13, 1.0f, false);
+    kTexture.Blit(0, 0, 8, 8, s, 20, 0, 9, 11, 1.0f, true);
     EXPECT_TRUE(MatchesReference(s.Bitmap(), "bitmap/blit_opacity"));
 }
 
 TEST(Blit, SourceRectanglesBeyondTheSourceAreCut) {
-    const aurel::ImageSurface texture = kovra::test::Texture();
     aurel::ImageSurface s = Filled(34, 16, 0xFF202020);
-    texture.Blit(-4, -4, 16, 16, s, 0, 0, 16, 16, 1.0f, true);  // the source lands in the middle
-    texture.Blit(4, 2, 8, 8, s, 17, 0, 16, 16, 1.0f, true);     // runs off the source's right and bottom
-    texture.Blit(12, 10, -8, -8, s, 17, 0, 8, 8, 1.0f, true);   // read backwards from beyond the corner
+    kTexture.Blit(-4, -4, 16, 16, s, 0, 0, 16, 16, 1.0f, true);  // the source lands in the middle
+    kTexture.Blit(4, 2, 8, 8, s, 17, 0, 16, 16, 1.0f, true);     // runs off the source's right and bottom
+    kTexture.Blit(12, 10, -8, -8, s, 17, 0, 8, 8, 1.0f, true);   // read backwards from beyond the corner
     EXPECT_TRUE(MatchesReference(s.Bitmap(), "bitmap/blit_source_clip"));
 }
 
 TEST(Blit, EmptySourcesAndTargetsDrawNothing) {
-    const aurel::ImageSurface texture = kovra::test::Texture();
     const aurel::ImageSurface before = Filled(8, 8, 0xFF202020);
     aurel::ImageSurface s = before;
-    texture.Blit(0, 0, 0.000001f, 8, s, 0, 0, 8, 8, 1.0f, true);
-    texture.Blit(0, 0, 8, 8, s, 0, 0, 0, 8, 1.0f, true);
-    texture.Blit(0, 0, 8, 8, s, 0, 0, 8, 8, 0.0f, false);
-    texture.Blit(0, 0, 8, 8, s, 8, 0, 8, 8, 1.0f, true);  // just right of the surface
+    kTexture.Blit(0, 0, 0.000001f, 8, s, 0, 0, 8, 8, 1.0f, true);
+    kTexture.Blit(0, 0, 8, 8, s, 0, 0, 0, 8, 1.0f, true);
+    kTexture.Blit(0, 0, 8, 8, s, 0, 0, 8, 8, 0.0f, false);
+    kTexture.Blit(0, 0, 8, 8, s, 8, 0, 8, 8, 1.0f, true);  // just right of the surface
     aurel::ImageSurface().Blit(0, 0, 8, 8, s, 0, 0, 8, 8, 1.0f, true);
     EXPECT_EQ(std::memcmp(s.Row(0), before.Row(0), s.ByteSize()), 0);
 }

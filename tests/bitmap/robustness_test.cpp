@@ -23,18 +23,12 @@ TEST(Robustness, RandomShapesHalfOutsideStayInsideTheirBitmaps) {
     constexpr std::uint32_t kGuard = 0xDEADBEEF;
     std::mt19937 random(1234);
     auto integer = [&](int low, int high) { return std::uniform_int_distribution<int>(low, high)(random); };
-    auto real = [&](float low, float high) {
-        return std::uniform_real_distribution<float>(low, high)(random);
-    };
+    auto real = [&](float a, float b) { return std::uniform_real_distribution<float>(a, b)(random); };
     auto x = [&] { return real(-kWidth, 2 * kWidth); };
     auto y = [&] { return real(-kHeight, 2 * kHeight); };
     auto corners = [&] { return std::array<float, 8>{x(), y(), x(), y(), x(), y(), x(), y()}; };
-    auto sourceCorners = [&] {
-        std::array<float, 8> c;
-        for (float& v : c)
-            v = real(-6, 18);
-        return c;
-    };
+    auto u = [&] { return real(-6, 18); };  // a source coordinate, often outside
+    auto sourceCorners = [&] { return std::array<float, 8>{u(), u(), u(), u(), u(), u(), u(), u()}; };
 
     std::vector<std::uint32_t> pixels(kSpan * kHeight);
     for (int i = 0; i < kSpan * kHeight; ++i) {
@@ -47,22 +41,14 @@ TEST(Robustness, RandomShapesHalfOutsideStayInsideTheirBitmaps) {
 
     using Target = aurel::WrapperBitmap;
     auto colour = [&] { return aurel::Color32(random()); };
-    auto coordinate = [&] { return integer(-30, 50); };
+    auto n = [&] { return integer(-30, 50); };  // a whole coordinate or size
     auto on = [&] { return integer(0, 1) == 1; };
     const std::function<void(Target&)> draws[] = {
-        [&](Target& t) {
-            aurel::FillRect(t, coordinate(), coordinate(), coordinate(), coordinate(), colour());
-        },
-        [&](Target& t) {
-            aurel::DrawRect(t, coordinate(), coordinate(), coordinate(), coordinate(), colour());
-        },
-        [&](Target& t) {
-            aurel::DrawLine(t, coordinate(), coordinate(), coordinate(), coordinate(), colour());
-        },
+        [&](Target& t) { aurel::FillRect(t, n(), n(), n(), n(), colour()); },
+        [&](Target& t) { aurel::DrawRect(t, n(), n(), n(), n(), colour()); },
+        [&](Target& t) { aurel::DrawLine(t, n(), n(), n(), n(), colour()); },
         [&](Target& t) { aurel::DrawLineF(t, x(), y(), x(), y(), colour(), real(0, 1), on()); },
-        [&](Target& t) {
-            aurel::DrawCircle(t, float(coordinate()), float(coordinate()), 0.5f * integer(0, 20), colour());
-        },
+        [&](Target& t) { aurel::DrawCircle(t, float(n()), float(n()), 0.5f * integer(0, 20), colour()); },
         [&](Target& t) { aurel::FillCircle(t, x(), y(), real(0, 20), colour()); },
         [&](Target& t) {
             aurel::DrawRoundRect(t, x(), y(), real(-5, 40), real(-5, 40), real(0, 12), colour(), real(0, 1),
@@ -70,8 +56,8 @@ TEST(Robustness, RandomShapesHalfOutsideStayInsideTheirBitmaps) {
         },
         [&](Target& t) { aurel::FillTriangle(t, x(), y(), x(), y(), x(), y(), colour(), real(0, 1)); },
         [&](Target& t) {
-            aurel::Blit(source, real(-12, 20), real(-8, 14), real(-16, 16), real(-10, 10), t, coordinate(),
-                        coordinate(), integer(-50, 50), integer(-50, 50), real(0, 1.2f), on());
+            aurel::Blit(source, real(-12, 20), real(-8, 14), real(-16, 16), real(-10, 10), t, n(), n(),
+                        integer(-50, 50), integer(-50, 50), real(0, 1.2f), on());
         },
         [&](Target& t) {
             aurel::DrawQuad(source, real(-4, 10), real(-3, 6), real(-4, 16), real(-4, 10), t, corners(),
@@ -84,15 +70,10 @@ TEST(Robustness, RandomShapesHalfOutsideStayInsideTheirBitmaps) {
         [&](Target& t) {
             aurel::DeviceContext context;
             context.Select(t);
-            aurel::TextStyle style;
-            style.outline = on();
-            style.outlineColor = colour();
-            style.outlineWidth = integer(0, 3);
-            style.wordBreak = on();
-            aurel::TextFont font;
-            font.size = integer(1, 30);
-            aurel::DrawText(context, "Bone\nIK tail", coordinate(), coordinate(), integer(-5, 60),
-                            integer(-5, 40), colour(), font, style);
+            aurel::TextStyle style{
+                .wordBreak = on(), .outline = on(), .outlineColor = colour(), .outlineWidth = integer(0, 3)};
+            aurel::DrawText(context, "Bone\nIK tail", n(), n(), integer(-5, 60), integer(-5, 40), colour(),
+                            aurel::TextFont{.size = integer(1, 30)}, style);
         },
     };
     for (int trial = 0; trial < 6000; ++trial) {

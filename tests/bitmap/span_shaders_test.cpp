@@ -37,12 +37,10 @@ TEST(SpanShaders, VectorLoopWritesTheSameBytesAsTheScalarForm) {
         const int u0 = coordinate(kSourceWidth), u1 = coordinate(kSourceWidth);
         const int v0 = coordinate(kSourceHeight), v1 = coordinate(kSourceHeight);
         const int steps = std::max(count - 1, 1);
-        aurel::SpanSamples samples{source.data(),
-                                   kSourceWidth,
-                                   static_cast<std::uint32_t>(u0),
-                                   static_cast<std::uint32_t>(v0),
-                                   static_cast<std::uint32_t>((u1 - u0) / steps),
-                                   static_cast<std::uint32_t>((v1 - v0) / steps)};
+        auto step = [steps](int from, int to) { return static_cast<std::uint32_t>((to - from) / steps); };
+        aurel::SpanSamples samples{
+            source.data(), kSourceWidth, static_cast<std::uint32_t>(u0), static_cast<std::uint32_t>(v0),
+            step(u0, u1),  step(v0, v1)};
         const int walk = trial / 4 % 3;
         if (walk > 0) {
             samples.dv = 0;

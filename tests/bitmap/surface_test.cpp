@@ -1,34 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstring>
-#include <string>
+#include <vector>
 
 #include "base/kestrel_exception.h"
 #include "bitmap/dib_surface.h"
 #include "bitmap/image_surface.h"
 #include "bitmap/sys_bitmap.h"
-
-namespace {
-
-struct QuietExceptions {
-    QuietExceptions() { aurel::showExceptionBoxes = false; }
-    ~QuietExceptions() { aurel::showExceptionBoxes = true; }
-};
-
-std::string CreateFailure(int width, int height, int depth) {
-    QuietExceptions quiet;
-    aurel::DibSurface surface;
-    try {
-        surface.Create(width, height, depth);
-    } catch (const aurel::KestrelWindowsException& e) {
-        EXPECT_EQ(surface.Bits(), nullptr);
-        EXPECT_EQ(surface.Context(), nullptr);
-        return e.what();
-    }
-    return "";
-}
-
-}  // namespace
+#include "pictures.h"
 
 TEST(DibSurface, CreateFollowsTheStrideRuleTopDown) {
     struct Case {
@@ -37,15 +17,10 @@ TEST(DibSurface, CreateFollowsTheStrideRuleTopDown) {
     for (const Case& c : cases) {
         aurel::DibSurface surface;
         surface.Create(c.width, c.height, c.depth);
-        const aurel::DibHeader& header = surface.Header();
         EXPECT_EQ(surface.Stride(), c.stride) << c.width << "x" << c.height << "@" << c.depth;
-        EXPECT_EQ(header.size, 40);
-        EXPECT_EQ(header.width, c.width);
-        EXPECT_EQ(header.height, -std::abs(c.height));
-        EXPECT_EQ(header.planes, 1);
-        EXPECT_EQ(header.bitCount, c.depth);
-        EXPECT_EQ(header.palette.size(), c.depth <= 8 ? 1u << c.depth : 0u);
-        EXPECT_EQ(surface.SectionHeight(), std::abs(c.height));
+        EXPECT_EQ(surface.Header().height, -std::abs(c.height));
+        EXPECT_EQ(surface.Header().bitCount, c.depth);
+        EXPECT_EQ(surface.Header().palette.size(), c.depth <= 8 ? 1u << c.depth : 0u);
         EXPECT_EQ(reinterpret_cast<std::uintptr_t>(surface.Bits()) % 16, 0u);
     }
 }
@@ -61,17 +36,27 @@ TEST(DibSurface, SameSizeKeepsThePixelsAndZeroSizeEmptiesTheSurface) {
 
     surface.Create(0, 4, 32);
     EXPECT_EQ(surface.Bits(), nullptr);
-    EXPECT_EQ(surface.Header().size, 0);
     EXPECT_EQ(surface.Header().bitCount, 0);
 }
 
 TEST(DibSurface, FailuresRaiseTheWindowsExceptionAndLeaveNoPixels) {
-    EXPECT_EQ(CreateFailure(100000, 100000, 32), "Couldn't create BMP for DIB in DibSurface::Create");
-    EXPECT_EQ(CreateFailure(-3, 4, 32), "Couldn't create BMP for DIB in DibSurface::Create");
-    EXPECT_EQ(CreateFailure(3, 4, 0), "Couldn't create BMP for DIB in DibSurface::Create");
+    aurel::showExceptionBoxes = false;
+    for (const auto& [width, height, depth] :
+         std::vector<std::array<int, 3>>{{100000, 100000, 32}, {-3, 4, 32}, {3, 4, 0}}) {
+        aurel::DibSurface surface;
+        try {
+            surface.Create(width, height, depth);
+            ADD_FAILURE() << width << "x" << height << "@" << depth << " was created";
+        } catch (const aurel::KestrelWindowsException& e) {
+            EXPECT_STREQ(e.what(), "Couldn't create BMP for DIB in DibSurface::Create");
+        }
+        EXPECT_EQ(surface.Bits(), nullptr);
+        EXPECT_EQ(surface.Context(), nullptr);
+    }
+    aurel::showExceptionBoxes = true;
 }
 
-TEST(SysBitmap, GrowsOnlyAndKeepsItsRoundedRowSpan) {
+TEST(SysBitmap, GrowsOnlyKeepsItsRoundedRowSpanAndEmptiesWhenASectionFails) {
     aurel::SysBitmap bitmap(5, 3);
     EXPECT_EQ(bitmap.getRowSpan(), 8);
     EXPECT_FALSE(bitmap.resize(5, 3));
@@ -79,7 +64,6 @@ TEST(SysBitmap, GrowsOnlyAndKeepsItsRoundedRowSpan) {
 
     EXPECT_TRUE(bitmap.resize(2, 2));  // smaller: same block, same span
     EXPECT_EQ(bitmap.getBits(), bits);
-    EXPECT_EQ(bitmap.getWidth(), 2);
     EXPECT_EQ(bitmap.getRowSpan(), 8);
     EXPECT_TRUE(bitmap.resize(7, 3));  // still fits the rounded width
     EXPECT_EQ(bitmap.getBits(), bits);
@@ -91,10 +75,7 @@ TEST(SysBitmap, GrowsOnlyAndKeepsItsRoundedRowSpan) {
     EXPECT_FALSE(bitmap.resize(0, 3));
     EXPECT_EQ(bitmap.getBits(), nullptr);
     EXPECT_TRUE(bitmap.IsEmpty());
-}
 
-TEST(SysBitmap, AFailedSectionLeavesAnEmptyBitmap) {
-    aurel::SysBitmap bitmap(4, 4);
     EXPECT_TRUE(bitmap.resize(100000, 100000));
     EXPECT_EQ(bitmap.getBits(), nullptr);
     EXPECT_EQ(bitmap.getWidth(), 0);
@@ -105,8 +86,6 @@ TEST(ImageSurface, ResizeResetAndPixelAccess) {
     aurel::ImageSurface surface;
     EXPECT_TRUE(surface.IsEmpty());
     surface.Resize(3, 2);
-    EXPECT_EQ(surface.Width(), 3);
-    EXPECT_EQ(surface.Height(), 2);
     EXPECT_EQ(surface.View().stride, 12);
     EXPECT_EQ(surface.ByteSize(), 24u);
     EXPECT_EQ(surface.Row(1), surface.Row(0) + 3);
@@ -123,23 +102,23 @@ TEST(ImageSurface, ResizeResetAndPixelAccess) {
     surface.FillRect(0, 0, 5, 5, 0xFFFFFFFF);  // drawing on an empty surface does nothing
 }
 
-TEST(ImageSurface, CopiesAreDeepAndSelfAssignmentKeepsThePixels) {
-    aurel::ImageSurface a;
-    a.Resize(2, 2);
-    a.Clear(0xFF102030);
+TEST(ImageSurface, CopiesAreDeepAndMovesCarryThePixelsAndTheViewTarget) {
+    aurel::ImageSurface a = kovra::test::Filled(2, 3, 0xFF102030);
     aurel::ImageSurface b(a);
     EXPECT_NE(b.Row(0), a.Row(0));
     EXPECT_EQ(std::memcmp(b.Row(0), a.Row(0), a.ByteSize()), 0);
-
     aurel::ImageSurface& alias = a;
-    a = alias;
-    EXPECT_EQ(a.Row(1)[1], 0xFF102030u);
+    a = alias;  // self-assignment keeps the pixels
+    EXPECT_EQ(a.Row(2)[1], 0xFF102030u);
 
-    aurel::ImageSurface c;
-    c.Resize(9, 9);
-    c = a;
-    EXPECT_EQ(c.Width(), 2);
-    EXPECT_EQ(c.Row(0)[0], 0xFF102030u);
+    std::uint32_t* bits = a.Row(0);
+    aurel::ImageSurface moved(std::move(a));
+    EXPECT_EQ(moved.Row(0), bits);
+    EXPECT_TRUE(a.IsEmpty());
+    aurel::ImageSurface view(&moved);
+    aurel::ImageSurface target;
+    target = std::move(view);
+    EXPECT_EQ(target.Row(0), bits);
 }
 
 TEST(ImageSurface, ViewsReadAnotherSurfaceUntilAssigned) {
@@ -147,7 +126,6 @@ TEST(ImageSurface, ViewsReadAnotherSurfaceUntilAssigned) {
     owner.Resize(4, 4);
     aurel::ImageSurface view(&owner);
     EXPECT_EQ(view.Row(0), owner.Row(0));
-    EXPECT_EQ(view.Header().size, 0);  // its own header stays empty
 
     view.Resize(6, 5);  // resizes what it reads
     EXPECT_EQ(owner.Width(), 6);
@@ -166,18 +144,4 @@ TEST(ImageSurface, ViewsReadAnotherSurfaceUntilAssigned) {
     EXPECT_EQ(view.Width(), 6);
     EXPECT_NE(view.Row(0), copy.Row(0));
     EXPECT_EQ(other.Width(), 1);
-}
-
-TEST(ImageSurface, MovesCarryThePixelsAndTheViewTarget) {
-    aurel::ImageSurface a;
-    a.Resize(2, 3);
-    std::uint32_t* bits = a.Row(0);
-    aurel::ImageSurface b(std::move(a));
-    EXPECT_EQ(b.Row(0), bits);
-    EXPECT_TRUE(a.IsEmpty());
-
-    aurel::ImageSurface view(&b);
-    aurel::ImageSurface moved;
-    moved = std::move(view);
-    EXPECT_EQ(moved.Row(0), bits);
 }
