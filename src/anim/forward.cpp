@@ -157,18 +157,6 @@ void TurnAndScale(Pose& pose, int hot, float deltaAngle, float oldLength, float 
 
 }  // namespace
 
-int IndexOfId(const Pose& pose, std::int32_t id, int hint) {
-    if (hint >= 0 && hint < static_cast<int>(pose.size()) && pose[hint].id == id) {
-        return hint;
-    }
-    for (std::size_t i = 0; i < pose.size(); ++i) {
-        if (pose[i].id == id) {
-            return static_cast<int>(i);
-        }
-    }
-    return -1;
-}
-
 bool IsTree(const Pose& pose) {
     const int n = static_cast<int>(pose.size());
     for (const WirrelPin& pin : pose) {
@@ -186,38 +174,6 @@ bool IsAnchored(const WirrelPin& pin) {
     const PinType type = pin.Type();
     return type == Root ||
            ((pin.flags & kPinHidden) != 0 && (type == Bone || type == Attachment || type == Tail));
-}
-
-void WorldPositions(const Pose& pose, std::vector<WorldPoint>& out) {
-    const std::size_t n = pose.size();
-    out.assign(n, WorldPoint{});
-    std::vector<bool> done(n);
-    std::size_t remaining = n;
-    while (remaining > 0) {
-        const std::size_t before = remaining;
-        for (std::size_t i = 0; i < n; ++i) {
-            if (done[i]) {
-                continue;
-            }
-            const WirrelPin& pin = pose[i];
-            const auto p = static_cast<std::size_t>(pin.parent);
-            const float dx = pin.length * std::cos(pin.angle);
-            const float dy = pin.length * std::sin(pin.angle);
-            if (pin.parent < 0) {
-                out[i] = WorldPoint{dx, dy, static_cast<float>(pin.id)};
-            } else if (p < n && done[p]) {
-                out[i] = WorldPoint{out[p].x + dx, out[p].y + dy, static_cast<float>(pin.id)};
-            } else {
-                continue;
-            }
-            done[i] = true;
-            --remaining;
-        }
-        // Pins on a loop of parents (or with a parent outside the pose) can't be placed.
-        if (remaining == before) {
-            break;
-        }
-    }
 }
 
 void Children::Reset(std::size_t count) {

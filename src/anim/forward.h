@@ -20,24 +20,12 @@ struct Vec2 {
     float y = 0.0f;
 };
 
-// The world position of one pin; `id` is the pin's id, carried as a float.
-struct WorldPoint {
-    float x = 0.0f;
-    float y = 0.0f;
-    float id = 0.0f;
-};
-
-// The index of the record with `id`: `hint` when that record has it, else the first match; -1 if none.
-int IndexOfId(const Pose& pose, std::int32_t id, int hint);
-
 // True when every parent index lies inside the pose and no chain of parents loops.
 bool IsTree(const Pose& pose);
 
 // A root, or a hidden bone, attachment or tail.
 bool IsAnchored(const WirrelPin& pin);
 
-// Fills `out` with one point per pin, in the pose's order. The pose need not be sorted parent-first.
-void WorldPositions(const Pose& pose, std::vector<WorldPoint>& out);
 
 // One singly linked list of pins per pin, stored in a single vector of nodes: the first `count` nodes are
 // the list heads (an empty list has a head with item -1), the other `count` - 1 hold further entries.

@@ -58,7 +58,6 @@ SysWin::SysWin(const SysWinConfig& config) : config_(config) {}
 
 SysWin::~SysWin() = default;
 
-
 void SysWin::Init(App& app) {
     SettingsStore& settings = app.Settings();
     settings.Select("App");

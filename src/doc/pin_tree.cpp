@@ -25,7 +25,7 @@ int TopOf(const WirrelKey& key, int index) {
 }
 
 // Angle and length of `pin` as the polar form of `position` seen from `base`.
-void SetPolar(WirrelPin& pin, PinPoint position, PinPoint base) {
+void SetPolar(WirrelPin& pin, const WorldPoint& position, const WorldPoint& base) {
     const float dx = position.x - base.x;
     const float dy = position.y - base.y;
     pin.angle = NormalizeAngle(std::atan2(dy, dx));
@@ -60,13 +60,12 @@ double NormalizeAngle(double angle) {
     return Wrapped(angle, kTwoPiSolver);
 }
 
-int FindPin(int id, int hint, const WirrelKey& key) {
-    if (InRange(key, hint) && key.pins[hint].id == id) {
+int IndexOfId(const std::vector<WirrelPin>& pins, std::int32_t id, int hint) {
+    if (hint >= 0 && hint < static_cast<int>(pins.size()) && pins[hint].id == id) {
         return hint;
     }
-    const auto found =
-        std::find_if(key.pins.begin(), key.pins.end(), [id](const WirrelPin& pin) { return pin.id == id; });
-    return found == key.pins.end() ? -1 : static_cast<int>(found - key.pins.begin());
+    const auto found = std::find_if(pins.begin(), pins.end(), [id](const WirrelPin& pin) { return pin.id == id; });
+    return found == pins.end() ? -1 : static_cast<int>(found - pins.begin());
 }
 
 int ChildCount(const WirrelKey& key, int index) {
@@ -108,22 +107,32 @@ bool IsBone(const WirrelPin& pin) {
     return pin.Type() == Bone;
 }
 
-void PinPositions(const WirrelKey& key, std::vector<PinPoint>& out) {
-    const std::size_t count = key.pins.size();
-    out.assign(count, PinPoint{});
-    std::vector<bool> done(count, false);
-    // Sweep until a sweep places nothing more: a record is placed once its parent has been.
-    for (bool placed = true; placed;) {
-        placed = false;
-        for (std::size_t i = 0; i < count; ++i) {
-            const WirrelPin& pin = key.pins[i];
-            if (done[i] || (pin.parent != -1 && !(InRange(key, pin.parent) && done[pin.parent]))) {
+void WorldPositions(const std::vector<WirrelPin>& pins, std::vector<WorldPoint>& out) {
+    const std::size_t n = pins.size();
+    out.assign(n, WorldPoint{});
+    std::vector<bool> done(n);
+    for (std::size_t remaining = n; remaining > 0;) {
+        const std::size_t before = remaining;
+        for (std::size_t i = 0; i < n; ++i) {
+            if (done[i]) {
                 continue;
             }
-            const PinPoint base = pin.parent == -1 ? PinPoint{} : out[pin.parent];
-            out[i] = {base.x + pin.length * std::cos(pin.angle), base.y + pin.length * std::sin(pin.angle)};
+            const WirrelPin& pin = pins[i];
+            const auto p = static_cast<std::size_t>(pin.parent);
+            const float dx = pin.length * std::cos(pin.angle);
+            const float dy = pin.length * std::sin(pin.angle);
+            if (pin.parent < 0) {
+                out[i] = WorldPoint{dx, dy, static_cast<float>(pin.id)};
+            } else if (p < n && done[p]) {
+                out[i] = WorldPoint{out[p].x + dx, out[p].y + dy, static_cast<float>(pin.id)};
+            } else {
+                continue;
+            }
             done[i] = true;
-            placed = true;
+            --remaining;
+        }
+        if (remaining == before) {
+            break;
         }
     }
 }
@@ -138,7 +147,7 @@ bool Reparent(WirrelKey& key, int index, int newParent, aurel::Prompt& window) {
                     aurel::PromptIcon::Warning);
         return false;
     }
-    std::vector<PinPoint> positions;
+    std::vector<WorldPoint> positions;
     PinPositions(key, positions);
     // Each pin of the old chain hangs from the one below it from now on, where it stands.
     int at = index;
@@ -146,7 +155,7 @@ bool Reparent(WirrelKey& key, int index, int newParent, aurel::Prompt& window) {
     for (std::size_t steps = 0; steps < key.pins.size() && InRange(key, at); ++steps) {
         WirrelPin& pin = key.pins[at];
         const int oldParent = pin.parent;
-        SetPolar(pin, positions[at], below == -1 ? PinPoint{} : positions[below]);
+        SetPolar(pin, positions[at], below == -1 ? WorldPoint{} : positions[below]);
         pin.parent = below;
         below = at;
         at = oldParent;
@@ -155,7 +164,7 @@ bool Reparent(WirrelKey& key, int index, int newParent, aurel::Prompt& window) {
 }
 
 void UnlinkPin(WirrelKey& key, int index) {
-    std::vector<PinPoint> positions;
+    std::vector<WorldPoint> positions;
     PinPositions(key, positions);
     for (std::size_t i = 0; i < key.pins.size(); ++i) {
         WirrelPin& child = key.pins[i];
@@ -164,7 +173,7 @@ void UnlinkPin(WirrelKey& key, int index) {
         }
         child.parent = -1;
         if (child.Type() == Bone || child.Type() == Attachment) {
-            SetPolar(child, positions[i], PinPoint{});
+            SetPolar(child, positions[i], WorldPoint{});
             child.SetType(Root);
             child.skin = -1;
         }

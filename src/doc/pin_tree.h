@@ -19,6 +19,13 @@ struct PinPoint {
     bool operator==(const PinPoint&) const = default;
 };
 
+// The workspace position of one pin; `id` is the pin's id, carried as a float.
+struct WorldPoint {
+    float x = 0.0f;
+    float y = 0.0f;
+    float id = 0.0f;
+};
+
 // 2π for single-precision arithmetic, and the slightly smaller double used when the solver writes its
 // result back. The two differ on purpose and must not be unified.
 constexpr float kTwoPi = 6.2831855f;
@@ -30,9 +37,10 @@ float NormalizeAngle(float angle);
 // The same in double precision, with the double constant 6.2831854, as the solver writes its results.
 double NormalizeAngle(double angle);
 
-// Position of the record of pin `id` in the key frame: `hint` when that record has the id, else the first
-// match from the start; -1 if the key frame doesn't hold the pin.
-int FindPin(int id, int hint, const WirrelKey& key);
+// Position of the record of pin `id`: `hint` when that record has the id, else the first match from the
+// start; -1 if the pins don't hold it.
+int IndexOfId(const std::vector<WirrelPin>& pins, std::int32_t id, int hint);
+inline int FindPin(int id, int hint, const WirrelKey& key) { return IndexOfId(key.pins, id, hint); }
 
 int ChildCount(const WirrelKey& key, int index);
 bool HasChildren(const WirrelKey& key, int index);
@@ -44,9 +52,11 @@ bool IsHidden(const WirrelKey& key, int index);
 bool IsHiddenWithChildren(const WirrelKey& key, int index);
 bool IsBone(const WirrelPin& pin);
 
-// The workspace position of every record. A record whose parent chain never reaches a root (a loop or a
-// broken link) is left at the origin.
-void PinPositions(const WirrelKey& key, std::vector<PinPoint>& out);
+// The workspace position of every record, in the records' order, which need not be parent-first: the
+// records are swept until each is placed from its parent. A record whose parent chain never reaches a
+// root (a loop or a broken link) is left at the origin.
+void WorldPositions(const std::vector<WirrelPin>& pins, std::vector<WorldPoint>& out);
+inline void PinPositions(const WirrelKey& key, std::vector<WorldPoint>& out) { WorldPositions(key.pins, out); }
 
 // Hangs `index` under `newParent` (-1: makes it a root) without moving anything on screen. The chain of
 // old parents above it is inverted to hang below it, so that a pin joins another tree with its own.

@@ -86,8 +86,8 @@ protected:
         }
         return ids;
     }
-    std::vector<PinPoint> Positions() {
-        std::vector<PinPoint> out;
+    std::vector<WorldPoint> Positions() {
+        std::vector<WorldPoint> out;
         PinPositions(doc.CurrentKey(), out);
         return out;
     }
@@ -374,7 +374,7 @@ TEST_F(CommandsTest, ReflectingTurnsThePoseAndItsSkinsButLeavesSharedSkinsAlone)
         SCOPED_TRACE(axis == 1 ? "mirror" : "flip");
         SetUp();
         const PinPoint turn = axis == 1 ? PinPoint{-1, 1} : PinPoint{1, -1};
-        const std::vector<PinPoint> before = Positions();
+        const std::vector<WorldPoint> before = Positions();
         const WirrelSkin shared = doc.Wirrel().skins[0];
         CommandFrameReflect command(doc, axis);
         for (std::size_t i = 0; i < before.size(); ++i) {

@@ -23,13 +23,13 @@ WirrelKey TwoTrees() {
              Pin(Tracker, 1, 0, 1, 3, kPinHidden), Pin(Root, -1, 0, 5, 4)}};
 }
 
-std::vector<PinPoint> Positions(const WirrelKey& key) {
-    std::vector<PinPoint> out;
+std::vector<WorldPoint> Positions(const WirrelKey& key) {
+    std::vector<WorldPoint> out;
     PinPositions(key, out);
     return out;
 }
 
-void ExpectSamePlaces(const std::vector<PinPoint>& actual, const std::vector<PinPoint>& expected) {
+void ExpectSamePlaces(const std::vector<WorldPoint>& actual, const std::vector<WorldPoint>& expected) {
     ASSERT_EQ(actual.size(), expected.size());
     for (std::size_t i = 0; i < actual.size(); ++i) {
         EXPECT_NEAR(actual[i].x, expected[i].x, 1e-5f) << i;
@@ -181,7 +181,7 @@ TEST_F(PinTreeDocTest, AddPinAndRemoveItWhenUnused) {
 TEST_F(PinTreeDocTest, TailThereAndBack) {
     doc.AddPin(0, 1, -1, "root");
     doc.AddPin(0, 3, 0, "tail");
-    const std::vector<PinPoint> before = Positions(doc.CurrentKey());
+    const std::vector<WorldPoint> before = Positions(doc.CurrentKey());
     MakeTail(doc, 1);
 
     const float third = 3 * 0.33333334f;
