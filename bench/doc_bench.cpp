@@ -19,11 +19,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class QuietPrompt : public aurel::Prompt {
-public:
-    int Ask(const aurel::PromptRequest& request) override { return aurel::SafeAnswer(request); }
-};
-
 // A temporary folder holding the source document, removed at the end of the program.
 class Files {
 public:
@@ -65,7 +60,7 @@ private:
     }
 
     fs::path folder_;
-    QuietPrompt prompt_;
+    aurel::SilentPrompt prompt_;
 };
 
 const Files& TheFiles() {
@@ -83,7 +78,7 @@ void BM_CopyFile(benchmark::State& state) {
 
 void BM_Load(benchmark::State& state) {
     const Files& files = TheFiles();
-    QuietPrompt prompt;
+    aurel::SilentPrompt prompt;
     kovra::WirrelDoc doc;
     std::vector<kovra::WirrelImageRecord> images;
     for (auto _ : state) {
@@ -95,7 +90,7 @@ void BM_Load(benchmark::State& state) {
 
 void BM_Save(benchmark::State& state) {
     const Files& files = TheFiles();
-    QuietPrompt prompt;
+    aurel::SilentPrompt prompt;
     kovra::WirrelDoc doc;
     std::vector<kovra::WirrelImageRecord> images;
     doc.Load(files.Source(), prompt, images, false);
@@ -111,7 +106,7 @@ void BM_Save(benchmark::State& state) {
 
 void BM_LoadSave(benchmark::State& state) {
     const Files& files = TheFiles();
-    QuietPrompt prompt;
+    aurel::SilentPrompt prompt;
     kovra::WirrelDoc doc;
     std::vector<kovra::WirrelImageRecord> images;
     for (auto _ : state) {
@@ -138,7 +133,7 @@ void BM_ReadBytes(benchmark::State& state) {
 }
 
 void BM_WriteBytes(benchmark::State& state) {
-    QuietPrompt prompt;
+    aurel::SilentPrompt prompt;
     kovra::WirrelDoc doc;
     std::vector<kovra::WirrelImageRecord> images;
     doc.Load(TheFiles().Source(), prompt, images, false);

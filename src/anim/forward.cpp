@@ -8,10 +8,6 @@ namespace kovra {
 
 namespace {
 
-float Length(float x, float y) {
-    return std::sqrt(x * x + y * y);
-}
-
 // A move that translates: the pivot is a root, or the whole selection moves rigidly.
 void MoveSelection(Pose& pose, int pivot, int hot, float deltaAngle, float newLength,
                    const std::set<int>& selection, bool rigid) {

@@ -3,6 +3,7 @@
 // direct move, turn or length change by the user becomes new pin records. Angles are world directions,
 // kept in [0, 2π); a pin without parent has polar coordinates about the world origin.
 
+#include <cmath>
 #include <cstdint>
 #include <set>
 #include <vector>
@@ -19,6 +20,11 @@ struct Vec2 {
     float x = 0.0f;
     float y = 0.0f;
 };
+
+// The length of (x, y), in single precision as the posing arithmetic wants it.
+inline float Length(float x, float y) {
+    return std::sqrt(x * x + y * y);
+}
 
 // True when every parent index lies inside the pose and no chain of parents loops.
 bool IsTree(const Pose& pose);

@@ -6,10 +6,6 @@ namespace kovra {
 
 namespace {
 
-float Length(float x, float y) {
-    return std::sqrt(x * x + y * y);
-}
-
 // Adds whole turns while the angle is negative (an angle from a damaged file that no turn can change is
 // left alone).
 float UnwindNegative(float a) {

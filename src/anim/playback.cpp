@@ -21,7 +21,7 @@ float Wrap(float pos, std::size_t count) {
 void Advance(WirrelDoc& doc, float seconds) {
     PlayCursor& cursor = doc.cursor;
     const Wirrel& wirrel = doc.Wirrel();
-    if (cursor.animIndex < 0 || cursor.animIndex >= static_cast<int>(wirrel.anims.size())) {
+    if (!doc.HasCurrentAnim()) {
         return;
     }
     const WirrelAnim& anim = wirrel.anims[cursor.animIndex];

@@ -35,7 +35,6 @@ public:
 
     SettingsStore& Settings() { return lastState_; }
     SettingsStore& ConfigStore() { return config_; }
-    ISys& Sys() { return *sys_; }
     float Elapsed() const { return elapsed_; }
     const DualString& Name() const { return appName_; }
 

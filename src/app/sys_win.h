@@ -40,9 +40,6 @@ public:
     float FrameSeconds() override { return frameSeconds_; }
     void ResetClock() override { clock_.Reset(); }
 
-    const SysWinConfig& Config() const { return config_; }
-    kestrel2::win::MainWindow& Window() { return *window_; }
-
 private:
     void OnSize(const kestrel2::win::Placement& placement);
     void OnMove(const kestrel2::win::Placement& placement);

@@ -6,6 +6,8 @@ void Prompt::Tell(const DualString& title, const DualString& text, PromptIcon ic
     Ask(PromptRequest{title, text, PromptButtons::Ok, icon, {}});
 }
 
+int SilentPrompt::Ask(const PromptRequest& request) { return SafeAnswer(request); }
+
 int SafeAnswer(const PromptRequest& request) {
     switch (request.buttons) {
         case PromptButtons::Ok:

@@ -33,6 +33,12 @@ public:
     void Tell(const DualString& title, const DualString& text, PromptIcon icon = PromptIcon::None);
 };
 
+// A Prompt that shows nothing and always gives the safe answer, for work that must never stop to ask.
+class SilentPrompt : public Prompt {
+public:
+    int Ask(const PromptRequest& request) override;
+};
+
 // The answer that changes nothing: Cancel where there is one, else No, else OK; for custom labels the
 // last one, which by convention is the cancelling choice.
 int SafeAnswer(const PromptRequest& request);

@@ -20,11 +20,6 @@ int Exchanged(int value, int a, int b) {
     return value == a ? b : value == b ? a : value;
 }
 
-// Detaching a pin to a root never asks anything.
-class NoQuestions : public aurel::Prompt {
-public:
-    int Ask(const aurel::PromptRequest& request) override { return aurel::SafeAnswer(request); }
-};
 
 const char* FkLabel(int mode) {
     return mode == kDragRotate ? "Rotate Pins" : mode == kDragLength ? "Adjust Length" : "Move Pins";
@@ -69,11 +64,31 @@ void FillPinPixels(ViewTransform& view, const std::vector<WirrelPin>& pose) {
     }
 }
 
+PoseDragCommand::PoseDragCommand(std::string_view label, WirrelDoc& doc)
+    : WirrelCommand(label), doc_(doc), before_(doc.CurrentKey().pins) {}
+
+void PoseDragCommand::Redo() {
+    doc_.CurrentKey().pins = after_;
+    doc_.onChanged.Call();
+}
+
+void PoseDragCommand::Undo() {
+    doc_.CurrentKey().pins = before_;
+    doc_.onChanged.Call();
+}
+
+bool PoseDragCommand::Merge(ICommand& next) {
+    if (next.GetType() != GetType()) {
+        return false;
+    }
+    // Equal kinds are the same class.
+    after_ = static_cast<PoseDragCommand&>(next).after_;
+    return true;
+}
+
 CommandPinFk::CommandPinFk(Vec2 grabbed, Vec2 pressed, Vec2 mouse, WirrelDoc& doc,
                            const SelectionTracker& selection, int mode, const ViewTransform& view)
-    : WirrelCommand(FkLabel(mode)),
-      doc_(doc),
-      before_(doc.CurrentKey().pins),
+    : PoseDragCommand(FkLabel(mode), doc),
       hot_(selection.hotItem),
       mode_(mode),
       selected_(selection.selected) {
@@ -84,24 +99,6 @@ CommandPinFk::CommandPinFk(Vec2 grabbed, Vec2 pressed, Vec2 mouse, WirrelDoc& do
     pose[hot_].flags &= ~kPinTweened;
     after_ = pose;
     doc.onChanged.Call();
-}
-
-void CommandPinFk::Redo() {
-    doc_.CurrentKey().pins = after_;
-    doc_.onChanged.Call();
-}
-
-void CommandPinFk::Undo() {
-    doc_.CurrentKey().pins = before_;
-    doc_.onChanged.Call();
-}
-
-bool CommandPinFk::Merge(ICommand& next) {
-    if (next.GetType() != GetType()) {
-        return false;
-    }
-    after_ = static_cast<CommandPinFk&>(next).after_;
-    return true;
 }
 
 unsigned CommandPinFk::RepeatModes() const {
@@ -140,7 +137,7 @@ bool CommandPinFk::Repeat(unsigned mask) {
 
 CommandPinIk::CommandPinIk(WirrelDoc& doc, const SelectionTracker& selection, int mouseX, int mouseY,
                            const ViewTransform& view, bool single)
-    : WirrelCommand("Pose with IK"), doc_(doc), before_(doc.CurrentKey().pins) {
+    : PoseDragCommand("Pose with IK", doc) {
     Pose& pose = doc.CurrentKey().pins;
     int hot = selection.hotItem;
     int parent = hot >= 0 ? pose[hot].parent : -1;
@@ -175,24 +172,6 @@ CommandPinIk::CommandPinIk(WirrelDoc& doc, const SelectionTracker& selection, in
     }
     after_ = pose;
     doc.onChanged.Call();
-}
-
-void CommandPinIk::Redo() {
-    doc_.CurrentKey().pins = after_;
-    doc_.onChanged.Call();
-}
-
-void CommandPinIk::Undo() {
-    doc_.CurrentKey().pins = before_;
-    doc_.onChanged.Call();
-}
-
-bool CommandPinIk::Merge(ICommand& next) {
-    if (next.GetType() != GetType()) {
-        return false;
-    }
-    after_ = static_cast<CommandPinIk&>(next).after_;
-    return true;
 }
 
 CommandPinNew::CommandPinNew(WirrelDoc& doc, SelectionTracker& selection, PinDescription pin)
@@ -367,7 +346,8 @@ void CommandPinType::ChangeIn(WirrelKey& key) const {
         return;
     }
     if (type_ == Root) {
-        NoQuestions silent;
+        // Detaching a pin to a root never asks anything.
+        aurel::SilentPrompt silent;
         Reparent(key, at, -1, silent);
     }
     key.pins[at].SetType(type_);

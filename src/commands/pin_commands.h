@@ -25,25 +25,35 @@ using PoseSnapshot = std::vector<WirrelPin>;
 // pixels relative to the world origin, plus 0.375.
 void FillPinPixels(ViewTransform& view, const std::vector<WirrelPin>& pose);
 
+// A change of the current frame's pose made by a drag: it keeps the pose before and after, and a newcomer
+// of the same kind hands over its pose after, so a whole drag is one command.
+class PoseDragCommand : public WirrelCommand {
+public:
+    void Undo() override;
+    void Redo() override;
+    bool Merge(ICommand& next) override;
+
+protected:
+    PoseDragCommand(std::string_view label, WirrelDoc& doc);
+
+    WirrelDoc& doc_;
+    PoseSnapshot before_;
+    PoseSnapshot after_;
+};
+
 // A forward drag of the selection by its hot pin: a move, a turn or a length change (DragMode). `grabbed`
 // is the pose-space pixel grabbed, `pressed` and `mouse` are client pixels; the pixel positions of the
 // pins come from the view. A drag merges into one command that keeps the pose before and after.
-class CommandPinFk : public WirrelCommand {
+class CommandPinFk : public PoseDragCommand {
 public:
     CommandPinFk(Vec2 grabbed, Vec2 pressed, Vec2 mouse, WirrelDoc& doc, const SelectionTracker& selection,
                  int mode, const ViewTransform& view);
     int GetType() const override { return kKindPinFk; }
-    void Undo() override;
-    void Redo() override;
-    bool Merge(ICommand& next) override;
     unsigned RepeatModes() const override;
     // Carries the drag's change of the moved pins to other frames, found by id.
     bool Repeat(unsigned mask) override;
 
 private:
-    WirrelDoc& doc_;
-    PoseSnapshot before_;
-    PoseSnapshot after_;
     int hot_;
     int mode_;
     std::set<int> selected_;
@@ -51,21 +61,13 @@ private:
 
 // Drags the hot pin to the mouse with the inverse kinematics solver, holding the selected and locked
 // pins, or with `single` only the pin's parent. The caller adds it only when `valid`.
-class CommandPinIk : public WirrelCommand {
+class CommandPinIk : public PoseDragCommand {
 public:
     CommandPinIk(WirrelDoc& doc, const SelectionTracker& selection, int mouseX, int mouseY,
                  const ViewTransform& view, bool single);
     int GetType() const override { return kKindPinIk; }
-    void Undo() override;
-    void Redo() override;
-    bool Merge(ICommand& next) override;
 
     bool valid = false;
-
-private:
-    WirrelDoc& doc_;
-    PoseSnapshot before_;
-    PoseSnapshot after_;
 };
 
 // A new pin: its polar pair about its parent (or the origin), its parent in the current frame and its

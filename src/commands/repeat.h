@@ -47,10 +47,6 @@ inline constexpr std::array<RepeatMode, 12> kRepeatModes = {{
     {10009, 0x200, "Repeat relative percent pre keyframes"},
 }};
 
-constexpr unsigned RepeatMaskOfMenuId(int id) {
-    return 1u << (id - 10000);
-}
-
 // RepeatModes of a command, 0 for one that isn't a document command.
 unsigned RepeatModesOf(const ICommand& command);
 

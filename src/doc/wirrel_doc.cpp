@@ -98,7 +98,7 @@ int WirrelDoc::FindAnim(std::string_view name) const {
 
 void WirrelDoc::AddAnim(std::string_view name, int mode, int position) {
     std::vector<WirrelAnim>& anims = wirrel_->anims;
-    const bool hasCurrent = cursor.animIndex >= 0 && cursor.animIndex < static_cast<int>(anims.size());
+    const bool hasCurrent = HasCurrentAnim();
 
     // Take the source before the insertion moves the animations.
     WirrelAnim added;
@@ -169,10 +169,7 @@ std::shared_ptr<WirrelTexImage> WirrelDoc::Image(int index) const {
 }
 
 std::size_t WirrelDoc::FrameCount() const {
-    const std::vector<WirrelAnim>& anims = wirrel_->anims;
-    return cursor.animIndex >= 0 && cursor.animIndex < static_cast<int>(anims.size())
-               ? anims[cursor.animIndex].keys.size()
-               : 0;
+    return HasCurrentAnim() ? wirrel_->anims[cursor.animIndex].keys.size() : 0;
 }
 
 int WirrelDoc::AddPin(float angle, float length, int parent, std::string_view name) {

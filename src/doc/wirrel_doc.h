@@ -57,6 +57,10 @@ public:
 
     void Reset(bool withDefaultAnim);
 
+    // True when the cursor names one of the animations.
+    bool HasCurrentAnim() const {
+        return cursor.animIndex >= 0 && cursor.animIndex < static_cast<int>(wirrel_->anims.size());
+    }
     WirrelAnim& CurrentAnim() { return wirrel_->anims[cursor.animIndex]; }
     WirrelKey& CurrentKey() { return CurrentAnim().keys[cursor.frameIndex]; }
     // The key frame after the current one, wrapping to the first.

@@ -90,8 +90,6 @@ void MainWindow::SetTitle(const aurel::DualString& title) {
 
 aurel::DualString MainWindow::Title() const { return impl_->window->windowTitle().toStdString(); }
 
-Placement MainWindow::GetPlacement() const { return impl_->window->placement; }
-
 bool MainWindow::CloseRequested() const { return impl_->window && impl_->window->closeRequested; }
 
 void* MainWindow::NativeWidget() const { return impl_->window.get(); }

@@ -31,7 +31,6 @@ public:
 
     void SetTitle(const aurel::DualString& title);
     aurel::DualString Title() const;
-    Placement GetPlacement() const;
 
     // True once the user asked to close the window; the window stays until it is destroyed.
     bool CloseRequested() const;

@@ -15,9 +15,6 @@ public:
     explicit WirrelTexImage(aurel::DualString sourcePath, std::uint32_t key = 0)
         : path(std::move(sourcePath)), colorKey(key) {}
 
-    // True when the picture is there; an image whose file was missing keeps its place without one.
-    bool HasPicture() const { return !surface.IsEmpty(); }
-
     aurel::DualString path;      // absolute in memory
     std::uint32_t colorKey = 0;  // saved in the document beside the path
     aurel::ImageSurface surface;  // the pixels as drawn
