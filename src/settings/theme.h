@@ -19,7 +19,8 @@ SettingsStore& ThemeStore();
 // The values of the themes loaded so far, over the program's defaults.
 const Theme& CurrentTheme();
 
-// Called after each successful load, so that the gui lays itself out and repaints.
+// Called after each successful load, so that the gui lays itself out and repaints. A listener removes
+// itself before it goes away.
 ListenerList<>& ThemeListeners();
 
 // Reads the file into the theme store and its keys into the current theme, each key left out keeping the
