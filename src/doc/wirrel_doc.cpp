@@ -269,6 +269,16 @@ bool WirrelDoc::Load(const aurel::DualString& file, aurel::Prompt& window,
 }
 
 bool WirrelDoc::Save(const aurel::DualString& file, bool isSke, aurel::Prompt& window, std::string* why) {
+    if (!SaveCopy(file, window, why)) {
+        return false;
+    }
+    hasPath = true;
+    fileWith = isSke;
+    path = file;
+    return true;
+}
+
+bool WirrelDoc::SaveCopy(const aurel::DualString& file, aurel::Prompt& window, std::string* why) const {
     // A background path is kept as the file held it, relative to the file the document came from.
     aurel::DualString backgroundPath = background.path;
     if (hasPath && aurel::IsRelative(backgroundPath)) {
@@ -299,15 +309,8 @@ bool WirrelDoc::Save(const aurel::DualString& file, bool isSke, aurel::Prompt& w
     }
 
     const std::vector<std::uint8_t> bytes = WriteWirrel(*wirrel_, records, editor);
-    if (!aurel::WriteFileAtomically(
-            file, [&bytes](aurel::BinStream& stream) { return stream.Write(bytes.size(), bytes.data()); },
-            why)) {
-        return false;
-    }
-    hasPath = true;
-    fileWith = isSke;
-    path = file;
-    return true;
+    return aurel::WriteFileAtomically(
+        file, [&bytes](aurel::BinStream& stream) { return stream.Write(bytes.size(), bytes.data()); }, why);
 }
 
 void WirrelDoc::SetFrame(std::uint32_t index) {

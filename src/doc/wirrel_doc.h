@@ -99,6 +99,8 @@ public:
     // ".ske"; it is remembered as fileWith and changes nothing in the bytes. `why` (when given) gets
     // the reason a write failed ("No space left on device"); it stays empty when a question was refused.
     bool Save(const aurel::DualString& file, bool isSke, aurel::Prompt& window, std::string* why = nullptr);
+    // Writes the document to `file` as Save does, but as a copy: the document keeps its own path.
+    bool SaveCopy(const aurel::DualString& file, aurel::Prompt& window, std::string* why = nullptr) const;
 
     void SetFrame(std::uint32_t index);
     void SetSnapFrames(std::uint32_t n) { snapFrames = n; }
