@@ -22,7 +22,7 @@ struct SkinGrip {
     bool operator==(const SkinGrip&) const = default;
 };
 
-// The parts of a pin's thirteen entries. Part 0 is unused and stands for the pin itself in a hot part.
+// The parts of a pin's thirteen entries. Entry 0 is unused: as a hot part, 0 stands for the pin itself.
 enum GripPart : int {
     kGripPin = 1,
     kGripParent = 2,
