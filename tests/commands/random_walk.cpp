@@ -13,6 +13,9 @@
 #include "commands/repeat.h"
 #include "doc/wirrel_writer.h"
 #include "doc_state.h"
+#include "textures/pack_command.h"
+#include "textures/pack_trial.h"
+#include "textures/texture_commands.h"
 
 namespace kovra::test {
 namespace {
@@ -22,13 +25,17 @@ using std::make_shared;
 // The walk answers every question safely.
 class Walk : public aurel::SilentPrompt {
 public:
-    explicit Walk(std::uint32_t seed) : rng_(seed) {}
+    explicit Walk(std::uint32_t seed) : rng_(seed) { AddSheets(); }
 
     // What is compared: the document as its writer saves it, and where playback stands.
     auto Save() const {
         WirrelEditorData editor;
         editor.snapFrames = doc_.snapFrames;
-        return std::make_pair(WriteWirrel(doc_.Wirrel(), {}, editor), CursorOf(doc_.cursor));
+        std::vector<WirrelImageRecord> images;
+        for (std::size_t i = 0; i < doc_.images.size(); ++i) {
+            images.push_back({doc_.images[i]->path, static_cast<std::int32_t>(i), doc_.images[i]->colorKey});
+        }
+        return std::make_pair(WriteWirrel(doc_.Wirrel(), images, editor), CursorOf(doc_.cursor));
     }
 
     // The whole history undone, or redone.
@@ -41,6 +48,10 @@ public:
 
     // One gesture; false when the current frame's pose is no longer a tree.
     bool Step() {
+        if (Pick(0, 9) == 0) {
+            TextureStep();
+            return IsTree(Pins());
+        }
         const int choice = Pick(0, 99);
         const int anims = static_cast<int>(doc_.Wirrel().anims.size());
         if (choice < 12 || (Pins().empty() && choice < 60)) {
@@ -170,8 +181,75 @@ private:
         }
     }
 
+    // Two sheets to cut textures from: sprites on transparent pixels, and sprites on a colour key that
+    // nobody converts, since the walk answers no.
+    void AddSheets() {
+        for (std::uint32_t background : {0x00000000u, 0x00FF00FFu}) {
+            auto image =
+                make_shared<WirrelTexImage>(aurel::DualString("/sheets/" + std::to_string(background)));
+            image->surface.Resize(64, 48);
+            image->surface.Clear(background);
+            for (int sprite = 0; sprite < 6; ++sprite) {
+                const int x = Pick(0, 50), y = Pick(0, 36);
+                image->surface.FillRect(x, y, x + Pick(2, 12), y + Pick(2, 10), 0xFF000000u | rng_());
+            }
+            doc_.SetImage(-1, image);
+        }
+    }
+
+    int Images() const { return static_cast<int>(doc_.images.size()); }
+    int Textures() const { return static_cast<int>(doc_.Wirrel().textures.size()); }
+
+    // A gesture of the texture view or the pack dialog.
+    void TextureStep() {
+        const int choice = Pick(0, 11);
+        const int image = Pick(0, Images() - 1);
+        imageSelection_.SetCurrent(image, 1);
+        if (choice < 3 || Textures() == 0) {
+            const int x = Pick(0, 40), y = Pick(0, 30);
+            Add(make_shared<CommandTexCreate>(image, doc_, textureSelection_,
+                                              TexRect{x, y, x + Pick(1, 20), y + Pick(1, 15)}));
+        } else if (choice < 6) {
+            textureSelection_.SetCurrent(Pick(0, Textures() - 1), 0);
+            const WirrelTexture& t = doc_.Wirrel().textures[textureSelection_.currentItem];
+            const TexRect start{t.x, t.y, t.x + t.width, t.y + t.height};
+            const int grip = Pick(0, 9);
+            for (int move = Pick(1, 6); move > 0; --move) {
+                Add(make_shared<CommandTexMove>(doc_, textureSelection_, start, grip, PickFloat(-30, 30),
+                                                PickFloat(-30, 30)));
+            }
+            stack_.FinishDrag(kKindTexMove, true);
+        } else if (choice < 7) {
+            textureSelection_.Clear();
+            textureSelection_.Add(Pick(0, Textures() - 1), true);
+            textureSelection_.Add(Pick(0, Textures() - 1), false);
+            Add(make_shared<CommandTexDelete>(doc_, textureSelection_));
+        } else if (choice < 8) {
+            textureSelection_.SetCurrent(Pick(0, Textures() - 1), 0);
+            const WirrelTexture record{image, Pick(0, 40), Pick(0, 30), Pick(1, 20), Pick(1, 15)};
+            Add(make_shared<CommandTexProperty>(doc_, textureSelection_, 90 + Pick(0, 1), "Texture", record));
+        } else if (choice < 10) {
+            auto detect = make_shared<CommandTexAutoDetect>(doc_, *this, textureSelection_, imageSelection_);
+            Add(detect->succeeded ? detect : nullptr);
+        } else {
+            std::vector<int> checked;
+            for (int i = 0; i < Images(); ++i) {
+                if (Pick(0, 1) == 0) {
+                    checked.push_back(i);
+                }
+            }
+            const int side = 32 << Pick(0, 2);
+            if (RunPackTrial(doc_.Wirrel(), checked, side, side).Stands()) {
+                Add(make_shared<CommandTexPack>(checked, std::vector<aurel::DualString>{"/pages/page.png"},
+                                                imageSelection_, doc_, side, side));
+            }
+        }
+    }
+
     std::mt19937 rng_;
     SelectionTracker selection_;
+    SelectionTracker textureSelection_;
+    SelectionTracker imageSelection_;
     ViewTransform view_ = ViewTransform::OfClient(640, 480);
     int names_ = 0;
 };
