@@ -16,8 +16,9 @@ namespace {
 
 constexpr MagickSizeType kMaxSide = 16384;
 constexpr MagickSizeType kGiB = MagickSizeType{1} << 30;
-// The largest stream a load reads into memory: a 32-bit picture at the largest size, uncompressed.
-constexpr std::uint64_t kMaxStreamBytes = std::uint64_t{0xFFFFFFFF};
+// The largest stream a load reads into memory: a 32-bit picture at the largest size, uncompressed, with
+// room for its headers.
+constexpr std::uint64_t kMaxStreamBytes = kMaxSide * kMaxSide * 4 + (std::uint64_t{1} << 20);
 // Rows travel to the caller in bands of at most this many bytes.
 constexpr std::uint64_t kBandBytes = std::uint64_t{1} << 22;
 

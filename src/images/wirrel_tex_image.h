@@ -48,8 +48,8 @@ public:
     std::uint32_t colorKey = 0;   // 0xRRGGBB of the converted key, 0 for none
     std::map<std::int32_t, std::vector<TexMark>> marks;  // by texture index
 
-    // The library's result code, 0 for success, 35 when the file can't be opened. The surface is empty
-    // after any failure.
+    // The library's result code, 0 for success, 35 when the file can't be opened or isn't a regular file
+    // (a folder, a pipe, a device). The surface is empty after any failure.
     int Load(const aurel::DualString& file);
     // An image stored inside a document; the surface is empty after a failure.
     bool LoadMemory(const void* data, std::size_t size);

@@ -144,7 +144,9 @@ void FloodRegion(std::uint32_t* cells, int strideBytes, int x, int y, int minX, 
     std::deque<std::pair<int, int>> queue;
     queue.emplace_back(x, y);
     while (!queue.empty()) {
-        const auto [px, py] = queue.front();
+        // Plain names, not a structured binding: the lambdas below capture them.
+        const int px = queue.front().first;
+        const int py = queue.front().second;
         queue.pop_front();
         std::uint32_t* line = row(py);
         if (!Fillable(line[px], label)) {

@@ -282,11 +282,6 @@ TEST_F(ImageFileTest, MemorySavesArePngAndFitTheBuffer) {
     std::array<std::uint8_t, 4096> buffer{};
     const std::uint32_t size = image.SaveMemory(buffer.data(), buffer.size());
     ASSERT_GT(size, 8u);
-    EXPECT_EQ(VylUtilGetFileFormat(nullptr, nullptr), kVylUnknown);
-    VylMemoryStream record{buffer.data(), size};
-    const VylStream stream = VylMemoryCallbacks(record);
-    EXPECT_EQ(VylUtilGetFileFormat(nullptr, &stream), kVylPng);
-    EXPECT_EQ(record.position, 0u);
 
     WirrelTexImage back;
     ASSERT_TRUE(back.LoadMemory(buffer.data(), size));
@@ -325,38 +320,6 @@ TEST(VylMemoryStream, StaysWithinItsBlock) {
         EXPECT_EQ(at, s.position) << s.offset << " " << s.origin;
     }
     EXPECT_EQ(record.highWater, 8u);
-}
-
-TEST(VylFormats, NamesAndFirstBytes) {
-    const struct {
-        const char* name;
-        int format;
-    } names[] = {{"a.bmp", kVylBmp},     {"a.PNG", kVylPng},       {"a.tga", kVylTga},  {"a.jpg", kVylJpeg},
-                 {"a.JPEG", kVylJpeg},   {"a.gif", kVylGif},       {"a.pct", kVylPct},  {"a.psd", kVylPsd},
-                 {"a.svg", kVylUnknown}, {"a.png/b", kVylUnknown}, {"png", kVylUnknown}};
-    for (const auto& n : names) {
-        EXPECT_EQ(VylUtilGetFileFormat(n.name, nullptr), n.format) << n.name;
-    }
-    Bytes pict(530, 0);
-    pict[522] = 0x00;
-    pict[523] = 0x11;
-    pict[524] = 0x02;
-    pict[525] = 0xFF;
-    const struct {
-        Bytes head;
-        int format;
-    } heads[] = {{{'B', 'M', 0}, kVylBmp},
-                 {{0xFF, 0xD8, 0xFF, 0xE0}, kVylJpeg},
-                 {{'G', 'I', 'F', '8', '9', 'a'}, kVylGif},
-                 {{'8', 'B', 'P', 'S'}, kVylPsd},
-                 {pict, kVylPct},
-                 {{'<', 's', 'v', 'g'}, kVylTga}};
-    for (auto head : heads) {
-        VylMemoryStream record{head.head.data(), static_cast<std::uint32_t>(head.head.size())};
-        const VylStream stream = VylMemoryCallbacks(record);
-        // The first bytes win over the name; without a mark the name decides.
-        EXPECT_EQ(VylUtilGetFileFormat("a.tga", &stream), head.format) << head.format;
-    }
 }
 
 }  // namespace
