@@ -150,6 +150,13 @@ TEST_F(NativeControl, AnAttachedEditLeavesEscToItsDialog) {
     EXPECT_FALSE(edit.KeyPressed(kVkEscape));
     EXPECT_TRUE(edit.KeyPressed(kVkReturn));
     EXPECT_EQ(listener.keys, (std::vector<int>{4000 + kVkReturn}));
+
+    // A multi-line box keeps Enter when it wants it as a new line.
+    GuiEdit wantsReturn(EditStyle{.multiLine = true, .wantReturn = true});
+    GuiEdit multiLine(EditStyle{.multiLine = true});
+    EXPECT_FALSE(wantsReturn.KeyPressed(kVkReturn));
+    EXPECT_TRUE(multiLine.KeyPressed(kVkReturn));
+    EXPECT_FALSE(multiLine.KeyPressed(kVkSpace));
 }
 
 TEST_F(NativeControl, TheSliderIsDraggingUntilReleased) {
