@@ -32,7 +32,6 @@ public:
     virtual void SetLang(const std::string& section, const std::string& key);
     // The per-frame pass from the main loop: each child's Update, in id order.
     virtual void Update();
-    virtual void OnIdle() {}
     // A timer of this window fired, after the timer listeners ran.
     virtual void OnTimer(int timerId);
     // The window was shown or hidden through Show.

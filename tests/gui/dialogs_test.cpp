@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <QFontMetrics>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
 
@@ -11,6 +12,7 @@
 #include "gui/file_dialog.h"
 #include "gui/gui_button.h"
 #include "gui/i_res_dialog.h"
+#include "gui/message_box.h"
 
 namespace {
 
@@ -136,6 +138,52 @@ TEST(IResDialog, ItemsCommandAndEscCancels) {
     QTimer::singleShot(0, [&] { qobject_cast<QDialog*>(dialog.window.handle())->reject(); });
     EXPECT_EQ(dialog.DoModal(nullptr), IResDialog::kIdCancel);
     EXPECT_EQ(dialog.commands, (std::vector<int>{40, IResDialog::kIdCancel}));
+}
+
+// Answers the next message box by pressing the button with the text, or Esc when it is empty.
+void AnswerNextBox(const QString& text) {
+    QTimer::singleShot(0, [text] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        if (text.isEmpty()) {
+            box->reject();
+            return;
+        }
+        for (QAbstractButton* button : box->buttons()) {
+            if (button->text().remove('&') == text) {
+                button->click();
+            }
+        }
+    });
+}
+
+TEST(MessageBoxPrompt, AnswersTheButtonChosenAndTheSafeAnswerOnEsc) {
+    MessageBoxPrompt prompt;
+    const struct {
+        aurel::PromptButtons buttons;
+        const char* press;
+        int expected;
+    } cases[] = {
+        {aurel::PromptButtons::YesNo, "No", aurel::kAnswerNo},
+        {aurel::PromptButtons::YesNoCancel, "Yes", aurel::kAnswerYes},
+        {aurel::PromptButtons::YesNoCancel, "", aurel::kAnswerCancel},
+        {aurel::PromptButtons::OkCancel, "OK", aurel::kAnswerOk},
+        {aurel::PromptButtons::Ok, "", aurel::kAnswerOk},
+    };
+    for (const auto& c : cases) {
+        AnswerNextBox(c.press);
+        EXPECT_EQ(prompt.Ask({"Title", "Text", c.buttons, aurel::PromptIcon::Question, {}}), c.expected)
+            << c.press;
+    }
+    const aurel::PromptRequest custom{"Size",
+                                      "Keep which size?",
+                                      aurel::PromptButtons::Custom,
+                                      aurel::PromptIcon::None,
+                                      {"Old", "New", "Cancel"}};
+    AnswerNextBox("New");
+    EXPECT_EQ(prompt.Ask(custom), 1);
+    AnswerNextBox("");
+    EXPECT_EQ(prompt.Ask(custom), 2);
 }
 
 }  // namespace

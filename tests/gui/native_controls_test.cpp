@@ -7,7 +7,9 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QPushButton>
 #include <QScrollBar>
+#include <QSlider>
 #include <QToolBar>
 #include <QUrl>
 #include <QWidget>
@@ -17,6 +19,7 @@
 #include "gui/gui_combo_box.h"
 #include "gui/gui_edit.h"
 #include "gui/gui_scrollbar.h"
+#include "gui/gui_slider.h"
 #include "gui/gui_toolbar.h"
 #include "gui/virtual_keys.h"
 #include "settings/lang.h"
@@ -147,9 +150,40 @@ TEST_F(NativeControl, AnAttachedEditLeavesEscToItsDialog) {
     EXPECT_FALSE(edit.KeyPressed(kVkEscape));
     EXPECT_TRUE(edit.KeyPressed(kVkReturn));
     EXPECT_EQ(listener.keys, (std::vector<int>{4000 + kVkReturn}));
+
+    // A multi-line box keeps Enter when it wants it as a new line.
+    GuiEdit wantsReturn(EditStyle{.multiLine = true, .wantReturn = true});
+    GuiEdit multiLine(EditStyle{.multiLine = true});
+    EXPECT_FALSE(wantsReturn.KeyPressed(kVkReturn));
+    EXPECT_TRUE(multiLine.KeyPressed(kVkReturn));
+    EXPECT_FALSE(multiLine.KeyPressed(kVkSpace));
 }
 
-TEST_F(NativeControl, CheckboxStatesAndRadioGroups) {
+TEST_F(NativeControl, TheSliderIsDraggingUntilReleased) {
+    auto slider = Make(6, std::make_shared<GuiSlider>());
+    slider->SetRange(1, 50);
+    slider->SetPos(10);
+    auto* native = qobject_cast<QSlider*>(slider->window.handle());
+    EXPECT_EQ(native->value(), 10);
+    native->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    EXPECT_EQ(slider->GetPos(), 11);
+    EXPECT_FALSE(slider->IsDragging());
+    native->setSliderDown(true);
+    native->setSliderPosition(40);
+    EXPECT_EQ(slider->GetPos(), 40);
+    EXPECT_TRUE(slider->IsDragging());
+    native->setSliderDown(false);
+    EXPECT_FALSE(slider->IsDragging());
+    EXPECT_EQ(slider->GetPos(), 40);
+    EXPECT_EQ(listener.changes, (std::vector<int>{6, 6, 6}));
+    slider->HideTicks(true);
+    EXPECT_EQ(native->tickPosition(), QSlider::NoTicks);
+}
+
+TEST_F(NativeControl, ButtonsCheckboxStatesAndRadioGroups) {
+    auto button = Make(2, std::make_shared<GuiButton>());
+    qobject_cast<QPushButton*>(button->window.handle())->click();
+
     auto box = Make(3, std::make_shared<GuiCheckbox>());
     auto* native = qobject_cast<QCheckBox*>(box->window.handle());
     EXPECT_EQ(box->GetCheck(), kUnchecked);
@@ -161,7 +195,7 @@ TEST_F(NativeControl, CheckboxStatesAndRadioGroups) {
     EXPECT_EQ(box->GetCheck(), kUnchecked);
     box->SetCheck(kChecked);
     EXPECT_EQ(native->checkState(), Qt::Checked);
-    EXPECT_EQ(listener.changes, (std::vector<int>{3, 3}));
+    EXPECT_EQ(listener.changes, (std::vector<int>{2, 3, 3}));
 
     auto first = Make(10, std::make_shared<GuiRadio>(1));
     auto second = Make(11, std::make_shared<GuiRadio>(1));
@@ -172,8 +206,8 @@ TEST_F(NativeControl, CheckboxStatesAndRadioGroups) {
     EXPECT_EQ(first->GetCheck(), kUnchecked);
     EXPECT_EQ(second->GetCheck(), kChecked);
     EXPECT_EQ(other->GetCheck(), kChecked);
-    EXPECT_EQ(listener.changes, (std::vector<int>{3, 3, 11}));
-    EXPECT_EQ(listener.commands, (std::vector<int>{3, 3, 11}));
+    EXPECT_EQ(listener.changes, (std::vector<int>{2, 3, 3, 11}));
+    EXPECT_EQ(listener.commands, (std::vector<int>{2, 3, 3, 11}));
 }
 
 TEST_F(NativeControl, TheComboBoxReportsEachChoiceAndRelabels) {
