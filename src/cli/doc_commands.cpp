@@ -7,8 +7,8 @@
 #include <filesystem>
 #include <memory>
 
-#include "cli/json_writer.h"
 #include "cli/stderr_prompt.h"
+#include "cli/subcommand.h"
 #include "settings/path_info.h"
 
 namespace kovra::cli {
@@ -24,74 +24,102 @@ bool SaveDocument(WirrelDoc& doc, const std::string& file, aurel::Prompt& prompt
     return true;
 }
 
-void DumpNames(JsonWriter& json, const char* key, const std::vector<Name32>& names) {
-    json.Key(key).BeginArray();
+Json Names(const std::vector<Name32>& names) {
+    Json list = Json::array();
     for (const Name32& name : names) {
-        json.String(NameOf(name));
+        list.push_back(NameOf(name));
     }
-    json.EndArray();
+    return list;
 }
 
-void DumpTables(JsonWriter& json, const Wirrel& w, const std::vector<WirrelImageRecord>& images) {
-    json.Key("images").BeginArray();
+Json Images(const std::vector<WirrelImageRecord>& images) {
+    Json list = Json::array();
     for (const WirrelImageRecord& image : images) {
-        json.BeginObject()
-            .Key("path")
-            .String(image.path.Utf8())
-            .Key("colorKey")
-            .Int(image.colorKey)
-            .EndObject();
+        list.push_back({{"path", image.path.Utf8()}, {"colorKey", image.colorKey}});
     }
-    json.EndArray().Key("textures").BeginArray();
+    return list;
+}
+
+Json Textures(const Wirrel& w) {
+    Json list = Json::array();
     for (const WirrelTexture& t : w.textures) {
-        json.BeginObject().Key("image").Int(t.imageIndex).Key("x").Int(t.x).Key("y").Int(t.y);
-        json.Key("w").Int(t.width).Key("h").Int(t.height).EndObject();
+        list.push_back({{"image", t.imageIndex}, {"x", t.x}, {"y", t.y}, {"w", t.width}, {"h", t.height}});
     }
-    json.EndArray().Key("skins").BeginArray();
+    return list;
+}
+
+Json Skins(const Wirrel& w) {
+    Json list = Json::array();
     for (const WirrelSkin& s : w.skins) {
-        json.BeginObject().Key("texture").Int(s.texture).Key("offsetX").Float(s.offsetX);
-        json.Key("offsetY").Float(s.offsetY).Key("scaleX").Float(s.scaleX).Key("scaleY").Float(s.scaleY);
-        json.Key("angle").Float(s.angle).Key("collision").Int(s.collision).EndObject();
+        list.push_back({{"texture", s.texture},
+                        {"offsetX", s.offsetX},
+                        {"offsetY", s.offsetY},
+                        {"scaleX", s.scaleX},
+                        {"scaleY", s.scaleY},
+                        {"angle", s.angle},
+                        {"collision", s.collision}});
     }
-    json.EndArray().Key("aabbs").BeginArray();
+    return list;
+}
+
+Json Aabbs(const Wirrel& w) {
+    Json list = Json::array();
     for (const WirrelAabb& a : w.aabbs) {
-        json.BeginObject().Key("left").Float(a.left).Key("top").Float(a.top).Key("right").Float(a.right);
-        json.Key("bottom").Float(a.bottom).Key("kind").Int(a.kind).Key("next").Int(a.next).EndObject();
+        list.push_back({{"left", a.left},
+                        {"top", a.top},
+                        {"right", a.right},
+                        {"bottom", a.bottom},
+                        {"kind", a.kind},
+                        {"next", a.next}});
     }
-    json.EndArray().Key("events").BeginArray();
+    return list;
+}
+
+Json Events(const Wirrel& w) {
+    Json list = Json::array();
     for (const WirrelEvent& e : w.events) {
-        json.BeginObject().Key("name").Int(e.name).Key("types").Int(e.types).Key("vars").BeginArray();
+        Json vars = Json::array();
         for (int i = 0; i < 6; ++i) {
             // A variable typed float shows as one; any other shows its bits as a signed integer.
             if (e.VarType(i) == 1) {
-                json.Float(std::bit_cast<float>(e.vars[i]));
+                vars.push_back(std::bit_cast<float>(e.vars[i]));
             } else {
-                json.Int(static_cast<std::int32_t>(e.vars[i]));
+                vars.push_back(static_cast<std::int32_t>(e.vars[i]));
             }
         }
-        json.EndArray().EndObject();
+        list.push_back({{"name", e.name}, {"types", e.types}, {"vars", vars}});
     }
-    json.EndArray();
+    return list;
 }
 
-void DumpAnims(JsonWriter& json, const std::vector<WirrelAnim>& anims) {
-    json.Key("anims").BeginArray();
-    for (const WirrelAnim& anim : anims) {
-        json.BeginObject().Key("name").String(NameOf(anim.name)).Key("speed").Float(anim.speed);
-        json.Key("keys").BeginArray();
-        for (const WirrelKey& key : anim.keys) {
-            json.BeginObject().Key("ticks").Int(key.ticks).Key("eventFirst").Int(key.eventFirst);
-            json.Key("eventCount").Int(key.eventCount).Key("pins").BeginArray();
-            for (const WirrelPin& p : key.pins) {
-                json.BeginObject().Key("angle").Float(p.angle).Key("length").Float(p.length);
-                json.Key("scale").Float(p.scale).Key("flags").Int(p.flags).Key("skin").Int(p.skin);
-                json.Key("aabb").Int(p.aabb).Key("parent").Int(p.parent).Key("id").Int(p.id).EndObject();
-            }
-            json.EndArray().EndObject();
-        }
-        json.EndArray().EndObject();
+Json Pins(const WirrelKey& key) {
+    Json list = Json::array();
+    for (const WirrelPin& p : key.pins) {
+        list.push_back({{"angle", p.angle},
+                        {"length", p.length},
+                        {"scale", p.scale},
+                        {"flags", p.flags},
+                        {"skin", p.skin},
+                        {"aabb", p.aabb},
+                        {"parent", p.parent},
+                        {"id", p.id}});
     }
-    json.EndArray();
+    return list;
+}
+
+Json Anims(const std::vector<WirrelAnim>& anims) {
+    Json list = Json::array();
+    for (const WirrelAnim& anim : anims) {
+        Json keys = Json::array();
+        for (const WirrelKey& key : anim.keys) {
+            keys.push_back({{"ticks", key.ticks},
+                            {"eventFirst", key.eventFirst},
+                            {"eventCount", key.eventCount},
+                            {"pins", Pins(key)}});
+        }
+        list.push_back({{"name", NameOf(anim.name)}, {"speed", anim.speed}, {"keys", keys}});
+    }
+    return list;
 }
 
 }  // namespace
@@ -122,55 +150,86 @@ bool LoadDocument(const std::string& file, WirrelDoc& doc, std::vector<WirrelIma
     return true;
 }
 
-std::string DumpJson(const WirrelDoc& doc, const std::vector<WirrelImageRecord>& images) {
+Json DumpJson(const WirrelDoc& doc, const std::vector<WirrelImageRecord>& images) {
     const Wirrel& w = doc.Wirrel();
-    JsonWriter json;
-    json.BeginObject().Key("ticksPerSecond").Int(w.ticksPerSecond).Key("pixelsPerUnit").Int(w.pixelsPerUnit);
-    DumpNames(json, "pinNames", w.pinNames);
-    DumpNames(json, "eventNames", w.eventNames);
-    DumpNames(json, "spareNames", w.spareNames);
-    DumpTables(json, w, images);
-    DumpAnims(json, w.anims);
-    json.Key("snapFrames").Int(doc.snapFrames).Key("spareScale").Float(doc.spareScale);
-    json.Key("spareFlag").Bool(doc.spareFlag).Key("background").BeginObject();
-    json.Key("path").String(doc.background.path.Utf8()).Key("alpha").Int(doc.background.alpha);
-    json.Key("offsetX").Float(doc.background.offsetX).Key("offsetY").Float(doc.background.offsetY);
-    json.Key("scale").Float(doc.background.scale).EndObject();
-    json.Key("notes").String(doc.notes.Utf8());
-    json.Key("notesImageBytes").Int(static_cast<std::int64_t>(doc.notesImageData.size())).EndObject();
-    return json.Text();
+    const Json background = {{"path", doc.background.path.Utf8()},
+                             {"alpha", doc.background.alpha},
+                             {"offsetX", doc.background.offsetX},
+                             {"offsetY", doc.background.offsetY},
+                             {"scale", doc.background.scale}};
+    return {{"ticksPerSecond", w.ticksPerSecond},
+            {"pixelsPerUnit", w.pixelsPerUnit},
+            {"pinNames", Names(w.pinNames)},
+            {"eventNames", Names(w.eventNames)},
+            {"spareNames", Names(w.spareNames)},
+            {"images", Images(images)},
+            {"textures", Textures(w)},
+            {"skins", Skins(w)},
+            {"aabbs", Aabbs(w)},
+            {"events", Events(w)},
+            {"anims", Anims(w.anims)},
+            {"snapFrames", doc.snapFrames},
+            {"spareScale", doc.spareScale},
+            {"spareFlag", doc.spareFlag},
+            {"background", background},
+            {"notes", doc.notes.Utf8()},
+            {"notesImageBytes", doc.notesImageData.size()}};
 }
 
-int RunNew(const std::vector<std::string>& args) {
-    StderrPrompt prompt;
-    WirrelDoc doc;
-    return SaveDocument(doc, args[0], prompt) ? 0 : 1;
+Subcommand AddNew(CLI::App& tool) {
+    CLI::App* app = tool.add_subcommand("new", "save a new document to OUT");
+    auto out = std::make_shared<std::string>();
+    app->add_option("OUT", *out, "the document to write")->required();
+    return {app, [out] {
+                StderrPrompt prompt;
+                WirrelDoc doc;
+                return SaveDocument(doc, *out, prompt) ? 0 : 1;
+            }};
 }
 
-int RunDump(const std::vector<std::string>& args) {
-    StderrPrompt prompt;
-    WirrelDoc doc;
-    std::vector<WirrelImageRecord> images;
-    if (!LoadDocument(args[0], doc, images, prompt)) {
-        return 1;
-    }
-    const std::string json = DumpJson(doc, images) + "\n";
-    std::fwrite(json.data(), 1, json.size(), stdout);
-    return 0;
+Subcommand AddDump(CLI::App& tool) {
+    CLI::App* app = tool.add_subcommand("dump", "print everything FILE holds as one JSON object");
+    auto file = std::make_shared<std::string>();
+    app->add_option("FILE", *file, "the document to read")->required();
+    return {app, [file] {
+                StderrPrompt prompt;
+                WirrelDoc doc;
+                std::vector<WirrelImageRecord> images;
+                if (!LoadDocument(*file, doc, images, prompt)) {
+                    return 1;
+                }
+                PrintJson(DumpJson(doc, images));
+                return 0;
+            }};
 }
 
-int RunResave(const std::vector<std::string>& args) {
-    StderrPrompt prompt;
-    WirrelDoc doc;
-    std::vector<WirrelImageRecord> images;
-    return LoadDocument(args[0], doc, images, prompt) && SaveDocument(doc, args[1], prompt) ? 0 : 1;
+Subcommand AddResave(CLI::App& tool) {
+    CLI::App* app =
+        tool.add_subcommand("resave", "load IN and save it to OUT, image paths made relative to OUT");
+    auto files = std::make_shared<std::pair<std::string, std::string>>();
+    app->add_option("IN", files->first, "the document to read")->required();
+    app->add_option("OUT", files->second, "the document to write")->required();
+    return {app, [files] {
+                StderrPrompt prompt;
+                WirrelDoc doc;
+                std::vector<WirrelImageRecord> images;
+                return LoadDocument(files->first, doc, images, prompt) &&
+                               SaveDocument(doc, files->second, prompt)
+                           ? 0
+                           : 1;
+            }};
 }
 
-int RunCheck(const std::vector<std::string>& args) {
-    StderrPrompt prompt;
-    WirrelDoc doc;
-    std::vector<WirrelImageRecord> images;
-    return LoadDocument(args[0], doc, images, prompt) ? 0 : 1;
+Subcommand AddCheck(CLI::App& tool) {
+    CLI::App* app = tool.add_subcommand("check", "exit 0 when FILE loads, 1 with the reason otherwise");
+    auto file = std::make_shared<std::string>();
+    app->add_option("FILE", *file, "the document to read")->required();
+    return {app, [file] {
+                StderrPrompt prompt;
+                WirrelDoc doc;
+                std::vector<WirrelImageRecord> images;
+                return LoadDocument(*file, doc, images, prompt) ? 0 : 1;
+            }};
 }
 
 }  // namespace kovra::cli

@@ -1,11 +1,12 @@
 #pragma once
-// The document subcommands of kovra-cli: new, dump, resave and check. Each answers the process's exit
-// code: 0 when it did its work, 1 after one line on stderr when a file can't be read or written.
+// The document subcommands of kovra-cli (new, dump, resave and check) and the document loading and
+// dumping that other subcommands share.
 
 #include <string>
 #include <vector>
 
 #include "base/prompt.h"
+#include "cli/json_text.h"
 #include "doc/wirrel_doc.h"
 
 namespace kovra::cli {
@@ -20,12 +21,6 @@ bool LoadDocument(const std::string& file, WirrelDoc& doc, std::vector<WirrelIma
                   aurel::Prompt& prompt);
 
 // Everything a document holds, as one JSON object.
-std::string DumpJson(const WirrelDoc& doc, const std::vector<WirrelImageRecord>& images);
-
-// Each takes the arguments after the subcommand's name, in the number its usage line gives.
-int RunNew(const std::vector<std::string>& args);
-int RunDump(const std::vector<std::string>& args);
-int RunResave(const std::vector<std::string>& args);
-int RunCheck(const std::vector<std::string>& args);
+Json DumpJson(const WirrelDoc& doc, const std::vector<WirrelImageRecord>& images);
 
 }  // namespace kovra::cli

@@ -282,4 +282,12 @@ std::vector<std::pair<std::string, std::string>> ThemeKeys() {
     return keys;
 }
 
+std::vector<std::string> ThemeIconFiles(const ThemeIcons& icons) {
+    std::vector<std::string> files;
+    for (const ThemeEntry<ThemeIcons>& entry : kIcons) {
+        files.push_back(icons.*std::get<std::string ThemeIcons::*>(entry.field));
+    }
+    return files;
+}
+
 }  // namespace aurel

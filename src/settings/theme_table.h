@@ -217,4 +217,7 @@ void ReadTheme(SettingsStore& store, Theme& theme);
 // The (section, key) pairs that ReadTheme reads, in its order.
 std::vector<std::pair<std::string, std::string>> ThemeKeys();
 
+// The icon file names of the theme, in the order of their keys.
+std::vector<std::string> ThemeIconFiles(const ThemeIcons& icons);
+
 }  // namespace aurel

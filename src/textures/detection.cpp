@@ -257,7 +257,11 @@ void DetectRegions(std::vector<TexRegion>& regions, WirrelTexImage& image, aurel
     image.mask.width = static_cast<std::uint32_t>(width);
     image.mask.height = static_cast<std::uint32_t>(height);
     image.mask.stride = image.mask.width * 4;
-    image.mask.cells.assign(static_cast<std::size_t>(width) * height, 0);
+    // Labelling writes every cell: a mask of the same size is reused as it stands.
+    const std::size_t count = static_cast<std::size_t>(width) * height;
+    if (image.mask.cells.size() != count) {
+        image.mask.cells.assign(count, 0);
+    }
     DecideColorKey(image, window, keyChoice, imageSelection, imageIndex);
     LabelRegions(image.mask, image.surface, regions);
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace kovra {
 namespace {
@@ -11,7 +12,8 @@ constexpr std::int32_t kNoRoom = std::numeric_limits<std::int32_t>::min() / 2;
 // One page: the tree, and beside it what the walk needs to skip a subtree that can't hold a rectangle:
 // each node's parent and the largest extents (right - left, bottom - top) of the free leaves below it.
 // The extents are each a maximum of their own, so they only ever rule a subtree out when no leaf in it
-// could take the rectangle: the placements are those of a walk over every node.
+// could take the rectangle: the placements are those of a walk over every node. A page also remembers
+// the needs it could not meet: room only shrinks, so a rectangle needing at least as much fails too.
 class Page {
 public:
     Page(int width, int height, std::size_t reserve) {
@@ -26,6 +28,11 @@ public:
     bool Place(const PackRect& r, int padding, int pageNumber, std::vector<PackRect>& output) {
         const std::int32_t needX = r.right - r.left + padding;
         const std::int32_t needY = r.bottom - r.top + padding;
+        for (const auto& [x, y] : failed_) {
+            if (needX >= x && needY >= y) {
+                return false;
+            }
+        }
         stack_.clear();
         stack_.push_back(0);
         while (!stack_.empty()) {
@@ -71,6 +78,8 @@ public:
             stack_.push_back(second);
             stack_.push_back(first);
         }
+        std::erase_if(failed_, [&](const auto& f) { return f.first >= needX && f.second >= needY; });
+        failed_.emplace_back(needX, needY);
         return false;
     }
 
@@ -101,6 +110,7 @@ private:
     std::vector<std::int32_t> roomX_;
     std::vector<std::int32_t> roomY_;
     std::vector<std::int32_t> stack_;
+    std::vector<std::pair<std::int32_t, std::int32_t>> failed_;  // needs of which none dominates another
 };
 
 std::int64_t Area(const PackRect& r) {

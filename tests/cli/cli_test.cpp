@@ -171,13 +171,7 @@ TEST_F(CliTest, FailuresSayWhyInOneLine) {
           Case{"ik a/doc.ske arm 1 2 0 0", 1, "key frame 1 is not one of the 1 key frames"},
           Case{"ik a/doc.ske arm 0 3 0 0", 1, "pin 3 is not one of the 3 pins"},
           Case{"ik a/doc.ske arm 0 2 0 0 --lock 3", 1, "locked pin 3 is not one of the 3 pins"},
-          Case{"ik a/doc.ske arm 0 2 0 0 --lock", 1, "--lock takes a pin index"},
-          Case{"ik a/doc.ske arm 0 2 0 0 --spin", 1, "unknown option --spin"},
-          Case{"ik a/doc.ske arm 0 two 0 0", 1, "are indices"},
-          Case{"ik a/doc.ske arm 0 2 inf 0", 1, "the goal inf 0 is not a point"},
-          Case{"ik a/doc.ske arm 0 2 0", 2, "usage: kovra-cli ik"},
-          Case{"new a.ske b.ske", 2, "usage: kovra-cli new"},
-          Case{"dump", 2, "usage: kovra-cli dump FILE"}}) {
+          Case{"ik a/doc.ske arm 0 2 0 0 --lock 3", 1, "locked pin 3 is not one of the 3 pins"}}) {
         SCOPED_TRACE(c.arguments);
         const Result result = Run(c.arguments);
         EXPECT_EQ(result.code, c.code);
@@ -186,9 +180,60 @@ TEST_F(CliTest, FailuresSayWhyInOneLine) {
         EXPECT_NE(result.err.find(c.says), std::string::npos) << result.err;
     }
     EXPECT_FALSE(std::filesystem::exists(dir.Path() / "out.ske"));
-    const Result unknown = Run("frobnicate");
-    EXPECT_EQ(unknown.code, 2);
-    EXPECT_EQ(unknown.err.rfind("usage: kovra-cli <command>", 0), 0u);
+}
+
+TEST_F(CliTest, WrongCommandLinesGiveTheReasonAndTheUsage) {
+    struct Case {
+        const char* arguments;
+        const char* says;
+        const char* usage;
+    };
+    for (const Case& c : {
+             Case{"ik a/doc.ske arm 0 2 0 0 --lock", "--lock",
+                  "usage: kovra-cli ik [OPTIONS] FILE ANIM FRAME PIN X Y\n"},
+             Case{"ik a/doc.ske arm 0 2 0 0 --lock -1", "-1 is not an index", "usage: kovra-cli ik"},
+             Case{"ik a/doc.ske arm 0 2 0 0 --lock 1 2", "not expected: 2", "usage: kovra-cli ik"},
+             Case{"ik a/doc.ske arm 0 2 0 0 --spin", "not expected: --spin", "usage: kovra-cli ik"},
+             Case{"ik a/doc.ske arm 0 two 0 0", "two is not an index", "usage: kovra-cli ik"},
+             Case{"ik a/doc.ske arm 0 2 inf 0", "inf is not a finite number", "usage: kovra-cli ik"},
+             Case{"ik a/doc.ske arm 0 2 0x1 0", "0x1 is not a finite number", "usage: kovra-cli ik"},
+             Case{"ik a/doc.ske arm 0 2 0", "Y is required", "usage: kovra-cli ik"},
+             Case{"pose a/doc.ske walk half", "half is not a finite number", "usage: kovra-cli pose"},
+             Case{"new a.ske b.ske", "not expected: b.ske", "usage: kovra-cli new [OPTIONS] OUT\n"},
+             Case{"dump", "FILE is required", "usage: kovra-cli dump [OPTIONS] FILE\n"},
+         }) {
+        SCOPED_TRACE(c.arguments);
+        const Result result = Run(c.arguments);
+        EXPECT_EQ(result.code, 2);
+        EXPECT_EQ(result.out, "");
+        const std::size_t end = result.err.find('\n');
+        ASSERT_NE(end, std::string::npos);
+        EXPECT_NE(result.err.substr(0, end).find(c.says), std::string::npos) << result.err;
+        EXPECT_EQ(result.err.substr(end + 1).rfind(c.usage, 0), 0u) << result.err;
+    }
+    for (const char* arguments : {"frobnicate", ""}) {
+        const Result result = Run(arguments);
+        EXPECT_EQ(result.code, 2);
+        EXPECT_NE(result.err.find("usage: kovra-cli [OPTIONS] SUBCOMMAND"), std::string::npos);
+    }
+    EXPECT_EQ(Run("frobnicate").err.rfind("kovra-cli: unknown command frobnicate\n", 0), 0u);
+}
+
+TEST_F(CliTest, HelpListsEveryCommandAndEachCommandsArguments) {
+    for (const char* arguments : {"help", "--help"}) {
+        const Result help = Run(arguments);
+        EXPECT_EQ(help.code, 0);
+        for (const char* command : {"new", "dump", "resave", "check", "pose", "ik"}) {
+            EXPECT_NE(help.out.find("\n  " + std::string(command) + " "), std::string::npos) << command;
+        }
+    }
+    const Result ik = Run("ik --help");
+    EXPECT_EQ(ik.code, 0);
+    EXPECT_NE(ik.out.find("usage: kovra-cli ik [OPTIONS] FILE ANIM FRAME PIN X Y\n"), std::string::npos);
+    EXPECT_NE(ik.out.find("--rotate-children"), std::string::npos);
+    const Result version = Run("--version");
+    EXPECT_EQ(version.code, 0);
+    EXPECT_EQ(version.out.rfind("kovra-cli ", 0), 0u);
 }
 
 }  // namespace

@@ -166,19 +166,25 @@ TEST(ThemeIconPath, TheThemeFolderAndTheLargePictureAboveRatioOne) {
     EXPECT_EQ(aurel::ThemeIconPath("my.set/Play", 1.5).Utf8(), folder + "my.set/Play@2x");
 }
 
-// The shipped themes name every key, and the default theme's file holds exactly the program's defaults.
-TEST(ShippedThemes, NameEveryKeyAndPaleformIsTheDefault) {
+// The shipped themes, as the build lays them out beside the executables, name every key and find every
+// icon at both sizes; the default theme's file holds exactly the program's defaults.
+TEST(ShippedThemes, NameEveryKeyAndFindEveryIcon) {
     for (const std::string name : {"Paleform", "Duskform"}) {
         SettingsStore settings;
-        ASSERT_TRUE(aurel::LoadTheme(KOVRA_DATA "/Themes/" + name + ".txt", name, settings)) << name;
+        ASSERT_TRUE(aurel::LoadTheme(KOVRA_BUILD_DATA "/Themes/" + name + ".txt", name, settings)) << name;
         for (const auto& [section, key] : aurel::ThemeKeys()) {
             aurel::ThemeStore().Select(section);
             EXPECT_TRUE(aurel::ThemeStore().Exists(key)) << name << ": " << section << " " << key;
+        }
+        for (const std::string& icon : aurel::ThemeIconFiles(CurrentTheme().icons)) {
+            EXPECT_EQ(icon.rfind(name + "/", 0), 0u) << icon;
+            EXPECT_TRUE(std::filesystem::exists(aurel::ThemeIconPath(icon, 1.0).Utf8())) << icon;
+            EXPECT_TRUE(std::filesystem::exists(aurel::ThemeIconPath(icon, 2.0).Utf8())) << icon;
         }
     }
     // The Duskform values are current now; Paleform read over them gives the defaults back.
     SettingsStore settings;
     ASSERT_NE(CurrentTheme(), Theme{});
-    ASSERT_TRUE(aurel::LoadTheme(KOVRA_DATA "/Themes/Paleform.txt", "Paleform", settings));
+    ASSERT_TRUE(aurel::LoadTheme(KOVRA_BUILD_DATA "/Themes/Paleform.txt", "Paleform", settings));
     EXPECT_EQ(CurrentTheme(), Theme{});
 }
