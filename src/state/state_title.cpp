@@ -89,6 +89,11 @@ void StateTitle::Init() {
         themePath = programFolder_ + "Themes/Paleform.txt";
     }
     aurel::LoadTheme(aurel::DualString(themePath), theme, settings);
+    const aurel::ThemeWorkspace& colours = aurel::CurrentTheme().workspace;
+    backgroundColor_ = colours.defBgColor;
+    grid_.color0 = colours.defGridColor;
+    grid_.origin = colours.defGridColor0;
+    grid_.color1 = colours.defGridColor2;
 
     document_.Reset(true);
     New();
@@ -218,6 +223,10 @@ void StateTitle::OnTimer() {
     if (aurel::RefreshTheme(app_->Settings())) {
         window_.Redraw();
     }
+}
+
+void StateTitle::SetBackgroundLoaded(bool) {
+    window_.Redraw();
 }
 
 bool StateTitle::OnCloseRequest() {

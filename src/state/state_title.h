@@ -53,6 +53,11 @@ public:
     void SetAnimListSelection(int index) override { animListSelection_ = index; }
     bool IsPlaying() const override { return playState_ == 1; }
     void StopPlayback() override;
+    WorkGrid Grid() const override { return grid_; }
+    void SetGrid(const WorkGrid& grid) override { grid_ = grid; }
+    aurel::Color32 BackgroundColor() const override { return backgroundColor_; }
+    void SetBackgroundColor(aurel::Color32 colour) override { backgroundColor_ = colour; }
+    void SetBackgroundLoaded(bool loaded) override;
 
     bool New() { return workflow_->New(); }
     bool Open(const aurel::DualString& path, bool asTemplate) { return workflow_->Open(path, asTemplate); }
@@ -102,6 +107,7 @@ private:
     int playState_ = 0;  // 1 while an animation plays
     int lastPlayState_ = 0;
     std::uint32_t playStartFrame_ = 0;
+    int playStartHot_ = -1;
     float lastElapsed_ = 0.0f;
     CommandStack stack_;
     std::vector<aurel::DualString> exampleFiles_;
@@ -117,6 +123,9 @@ private:
     int editMode_ = kModeTextures;
     int skinTool_ = kToolSkin;
     int animListSelection_ = -1;
+    // The workspace's working grid and fill colour: theme defaults at start, kept across documents.
+    WorkGrid grid_;
+    aurel::Color32 backgroundColor_;
 };
 
 }  // namespace kovra

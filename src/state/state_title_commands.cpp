@@ -1,6 +1,8 @@
 // The editor state's answers to menu commands, accelerators and the keys that no control took.
 
 #include "app/app.h"
+#include "commands/bg_commands.h"
+#include "commands/editor_commands.h"
 #include "commands/frame_commands.h"
 #include "commands/pin_commands.h"
 #include "settings/lang.h"
@@ -30,6 +32,9 @@ constexpr std::pair<int, int> kKeyCommands[] = {
     {'H', kMenuHistory},   {'N', kMenuNotes},         {'E', kMenuEvents},
     {'K', kMenuQuickKeys}, {kKeyF5, kMenuAutoDetect}, {kKeyF7, kMenuPack},
 };
+
+// The kind of a pin selection made from the keyboard.
+constexpr int kKindPinSelection = 13;
 
 bool InRange(int id, int first, int count) {
     return id >= first && id < first + count;
@@ -221,7 +226,7 @@ void StateTitle::DeleteInView() {
 }
 
 void StateTitle::ChangeEditMode(int mode) {
-    SetEditMode(mode);
+    RunCommand(std::make_shared<CommandEditorMode>(*this, mode));
 }
 
 void StateTitle::TogglePlayback() {
@@ -230,11 +235,22 @@ void StateTitle::TogglePlayback() {
     } else if (document_.HasCurrentAnim()) {
         playState_ = 1;
         playStartFrame_ = document_.cursor.frameIndex;
+        playStartHot_ = pinSelection_.hotItem;
     }
 }
 
 void StateTitle::StopPlayback() {
+    if (playState_ != 1) {
+        return;
+    }
     playState_ = 0;
+    const std::uint32_t frame = document_.cursor.frameIndex;
+    // The stop records itself only when it moved away from where playback began.
+    document_.SetFrame(frame);
+    if (frame != playStartFrame_) {
+        RunCommand(std::make_shared<CommandEditorPlay>(document_, pinSelection_, playStartHot_,
+                                                       pinSelection_.hotItem, playStartFrame_, frame));
+    }
 }
 
 void StateTitle::StepFrame(int step) {
@@ -254,12 +270,22 @@ void StateTitle::StepPin(int step) {
     const int count = static_cast<int>(document_.CurrentKey().pins.size());
     const int current = pinSelection_.currentItem;
     const int next = step > 0 ? (current + 1) % count : (current <= 0 ? count - 1 : current - 1);
-    pinSelection_.SetCurrent(next, 0);
+    RunCommand(std::make_shared<CommandSel>(document_, pinSelection_, "Pin Selection", kKindPinSelection,
+                                            next, 0, false));
 }
 
 void StateTitle::PasteBackground() {
-    if (editMode_ != kModeTextures && window_.ClipboardHasBitmap()) {
-        TellUnfinished(window_.Prompt());
+    if (editMode_ == kModeTextures) {
+        return;
+    }
+    const std::vector<std::uint8_t> picture = window_.ClipboardBitmap();
+    if (picture.empty()) {
+        return;
+    }
+    auto load =
+        std::make_shared<CommandBgLoad>(document_, *this, window_.Prompt(), picture.data(), picture.size());
+    if (load->valid) {
+        RunCommand(std::move(load));
     }
 }
 

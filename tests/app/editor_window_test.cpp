@@ -1,5 +1,6 @@
 #include "app/editor_window.h"
 
+#include <gtest/gtest.h>
 #include <QAction>
 #include <QApplication>
 #include <QDropEvent>
@@ -9,7 +10,6 @@
 #include <QMimeData>
 #include <QShortcut>
 #include <QUrl>
-#include <gtest/gtest.h>
 
 #include "gui/main_window.h"
 

@@ -18,6 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr int kKeySpace = 0x20;
 constexpr int kKeyLeft = 0x25;
 constexpr int kKeyRight = 0x27;
 constexpr int kKeyF5 = 0x74;
@@ -228,6 +229,39 @@ TEST_F(StateTitleTest, LeftAndRightStepThroughKeyFramesAndWrap) {
         EXPECT_EQ(state->Document().cursor.frameIndex, frame);
     }
     EXPECT_EQ(state->Stack().Size(), 4u);
+}
+
+TEST_F(StateTitleTest, DigitsChooseEditModesAsStepsOfTheHistoryAndSpaceTogglesPlayback) {
+    Start();
+    for (const int key : {'1', '2', '4', '3'}) {
+        state->OnKey(key);
+        EXPECT_EQ(state->EditMode(), key - '1');
+    }
+    EXPECT_EQ(state->Stack().Size(), 4u);
+    state->OnMenuCommand(kMenuUndo);
+    EXPECT_EQ(state->EditMode(), kModeBackground);
+
+    state->OnKey(kKeySpace);
+    EXPECT_TRUE(state->IsPlaying());
+    state->OnKey(kKeySpace);
+    EXPECT_FALSE(state->IsPlaying());
+    EXPECT_EQ(state->Stack().Size(), 4u) << "a stop where playback began leaves no step";
+
+    WirrelDoc& doc = state->Document();
+    doc.CurrentAnim().keys.resize(2);
+    state->OnKey(kKeySpace);
+    doc.cursor.frameIndex = 1;
+    state->OnKey(kKeySpace);
+    ASSERT_EQ(state->Stack().Size(), 4u) << "three modes, the fourth cut as the redo tail, and the stop";
+    EXPECT_EQ(state->Stack().UndoLabel().Utf8(), "Playback Change");
+
+    state->OnKey(kKeySpace);
+    doc.cursor.frameIndex = 0;
+    state->OnMenuCommand(kMenuUndo);
+    EXPECT_FALSE(state->IsPlaying());
+    EXPECT_EQ(state->Stack().Size(), 4u) << "an undo during playback takes its stop back with it";
+    EXPECT_EQ(state->Stack().Cursor(), 3u);
+    EXPECT_EQ(doc.cursor.frameIndex, 0u);
 }
 
 TEST_F(StateTitleTest, TheThemeWatchReloadsARewrittenThemeFile) {
