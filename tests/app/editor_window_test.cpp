@@ -102,6 +102,9 @@ TEST_F(EditorWindowTest, AcceleratorsDropsAndTheCloseQuestionReachTheHandler) {
 
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile("/art/walk.ske")});
+    QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(qtWindow, &enter);
+    EXPECT_TRUE(enter.isAccepted());
     QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(qtWindow, &drop);
     EXPECT_EQ(handler.drops, std::vector<std::string>{"/art/walk.ske"});
