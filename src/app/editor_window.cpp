@@ -5,19 +5,14 @@
 #include <QBuffer>
 #include <QClipboard>
 #include <QCloseEvent>
-#include <QDragEnterEvent>
-#include <QDropEvent>
 #include <QImage>
-#include <QLineEdit>
 #include <QMainWindow>
 #include <QMessageBox>
-#include <QMimeData>
-#include <QPlainTextEdit>
 #include <QPushButton>
-#include <QTextEdit>
 #include <QTimer>
 #include <algorithm>
 
+#include "gui/clipboard.h"
 #include "gui/main_window.h"
 
 namespace aurel {
@@ -89,8 +84,7 @@ private:
     }
 };
 
-// Watches the main window for the events that the editor state answers: a close asked by the user,
-// and files dragged over and dropped.
+// Asks the editor state before the main window closes at the user's request.
 class WindowWatch : public QObject {
 public:
     WindowWatch(kovra::ShellHandler& handler, const bool& closing) : handler_(handler), closing_(closing) {}
@@ -104,25 +98,6 @@ protected:
                     return true;
                 }
                 break;
-            case QEvent::DragEnter: {
-                auto* drag = static_cast<QDragEnterEvent*>(event);
-                if (drag->mimeData()->hasUrls()) {
-                    drag->acceptProposedAction();
-                    return true;
-                }
-                break;
-            }
-            case QEvent::Drop: {
-                auto* drop = static_cast<QDropEvent*>(event);
-                for (const QUrl& url : drop->mimeData()->urls()) {
-                    if (url.isLocalFile()) {
-                        drop->acceptProposedAction();
-                        handler_.OnDrop(DualString(url.toLocalFile().toStdString()));
-                        return true;
-                    }
-                }
-                break;
-            }
             default:
                 break;
         }
@@ -134,41 +109,36 @@ private:
     const bool& closing_;
 };
 
-QWidget* FocusedTextBox() {
-    QWidget* focus = QApplication::focusWidget();
-    return qobject_cast<QLineEdit*>(focus) || qobject_cast<QPlainTextEdit*>(focus) ||
-                   qobject_cast<QTextEdit*>(focus)
-               ? focus
-               : nullptr;
+kestrel2::win::IGuiWindow* FocusedTextBox() {
+    kestrel2::win::IGuiWindow* focus = kestrel2::win::FocusedWindow();
+    return focus && focus->IsTextBox() ? focus : nullptr;
 }
 
-// Calls the edit on whichever kind of text box `box` is.
-template <class Box>
-bool Edit(QWidget* box, kovra::TextBoxEdit edit) {
-    auto* typed = qobject_cast<Box*>(box);
-    if (!typed) {
-        return false;
-    }
+kestrel2::win::EditCommand CommandOf(kovra::TextBoxEdit edit) {
     switch (edit) {
         case kovra::TextBoxEdit::Undo:
-            typed->undo();
-            break;
+            return kestrel2::win::EditCommand::Undo;
         case kovra::TextBoxEdit::Cut:
-            typed->cut();
-            break;
+            return kestrel2::win::EditCommand::Cut;
         case kovra::TextBoxEdit::Copy:
-            typed->copy();
-            break;
-        case kovra::TextBoxEdit::Paste:
-            typed->paste();
-            break;
+            return kestrel2::win::EditCommand::Copy;
+        default:
+            return kestrel2::win::EditCommand::Paste;
     }
-    return true;
 }
 
 }  // namespace
 
 struct EditorWindow::Impl {
+    // Keys and drops that reach the root of the gui tree.
+    void OnRootKey(int key, bool down) {
+        if (down) {
+            handler->OnKey(key);
+        }
+    }
+    void OnRootDrop(const DualString& path) { handler->OnDrop(path); }
+
+    kovra::ShellHandler* handler = nullptr;
     MessageBoxPrompt prompt;
     kestrel2::win::MainWindow* main = nullptr;
     QMainWindow* window = nullptr;
@@ -185,13 +155,15 @@ EditorWindow::~EditorWindow() {
 }
 
 void EditorWindow::Attach(kovra::ShellHandler& handler, int timerMs) {
+    impl_->handler = &handler;
     impl_->main = kestrel2::win::GlobalMainWindow();
+    impl_->main->RootGui().keyListeners.AddUnique(impl_.get(), &Impl::OnRootKey);
+    impl_->main->RootGui().dropListeners.AddUnique(impl_.get(), &Impl::OnRootDrop);
     impl_->window = static_cast<QMainWindow*>(impl_->main->NativeWidget());
     impl_->menuBar = std::make_unique<kestrel2::win::MenuBar>(*impl_->main);
     impl_->menuBar->onCommand.Add(&handler, &kovra::ShellHandler::OnMenuCommand);
     impl_->watch = std::make_unique<WindowWatch>(handler, impl_->closing);
     impl_->window->installEventFilter(impl_->watch.get());
-    impl_->window->setAcceptDrops(true);
     impl_->timer = std::make_unique<QTimer>();
     QObject::connect(impl_->timer.get(), &QTimer::timeout, [&handler] { handler.OnTimer(); });
     impl_->timer->start(timerMs);
@@ -203,9 +175,13 @@ void EditorWindow::Detach() {
         impl_->window->removeEventFilter(impl_->watch.get());
     }
     impl_->watch.reset();
-    if (impl_->menuBar) {
-        impl_->menuBar->onCommand.Clear();
+    if (impl_->main) {
+        impl_->main->RootGui().keyListeners.Remove(impl_.get(), &Impl::OnRootKey);
+        impl_->main->RootGui().dropListeners.Remove(impl_.get(), &Impl::OnRootDrop);
     }
+    impl_->menuBar.reset();
+    impl_->main = nullptr;
+    impl_->window = nullptr;
 }
 
 DualString EditorWindow::Title() const {
@@ -224,9 +200,12 @@ void EditorWindow::AddAccelerator(const std::string& keys, int id) {
     impl_->menuBar->AddAccelerator(keys, id);
 }
 
+kestrel2::win::Gui& EditorWindow::Root() {
+    return impl_->main->RootGui();
+}
+
 bool EditorWindow::ClipboardHasBitmap() const {
-    const QMimeData* data = QApplication::clipboard()->mimeData();
-    return data && data->hasImage();
+    return kestrel2::win::ClipboardHasImage();
 }
 
 std::vector<std::uint8_t> EditorWindow::ClipboardBitmap() const {
@@ -245,16 +224,16 @@ bool EditorWindow::TextBoxHasFocus() const {
     return FocusedTextBox() != nullptr;
 }
 
+// A text box reports its change when it loses the focus.
 void EditorWindow::CommitTextBox() {
-    if (QWidget* box = FocusedTextBox()) {
-        box->clearFocus();
+    if (kestrel2::win::IGuiWindow* box = FocusedTextBox(); box && box->window.handle()) {
+        box->window.handle()->clearFocus();
     }
 }
 
 bool EditorWindow::EditTextBox(kovra::TextBoxEdit edit) {
-    QWidget* box = FocusedTextBox();
-    return box &&
-           (Edit<QLineEdit>(box, edit) || Edit<QPlainTextEdit>(box, edit) || Edit<QTextEdit>(box, edit));
+    kestrel2::win::IGuiWindow* box = FocusedTextBox();
+    return box && box->OnEditCommand(CommandOf(edit));
 }
 
 void EditorWindow::Redraw() {

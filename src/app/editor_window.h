@@ -17,6 +17,7 @@ public:
     void Attach(kovra::ShellHandler& handler, int timerMs) override;
     void Detach() override;
 
+    kestrel2::win::Gui& Root() override;
     DualString Title() const override;
     void SetTitle(const DualString& title) override;
     void ShowMenu(const std::vector<kestrel2::win::MenuNode>& menus) override;

@@ -5,6 +5,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 #include <QShortcut>
 
 #include "gui/main_window.h"
@@ -67,7 +68,8 @@ void UpdateAll(std::vector<ShownItem>& shown, const std::vector<MenuNode>& nodes
 struct MenuBar::Impl {
     QMainWindow* window = nullptr;
     std::vector<ShownItem> shown;
-    std::vector<QMenu*> menus;  // the bar's own, deleted when it is rebuilt
+    std::vector<QPointer<QMenu>> menus;  // the bar's own, deleted when it is rebuilt
+    std::vector<QPointer<QShortcut>> shortcuts;
 
     void Fill(MenuBar& owner, QMenu& menu, const std::vector<MenuNode>& nodes, std::vector<ShownItem>& out) {
         for (const MenuNode& node : nodes) {
@@ -92,7 +94,15 @@ MenuBar::MenuBar(MainWindow& window) : impl_(std::make_unique<Impl>()) {
     impl_->window = static_cast<QMainWindow*>(window.NativeWidget());
 }
 
-MenuBar::~MenuBar() = default;
+// The menus and shortcuts call this object; they go with it unless the window took them already.
+MenuBar::~MenuBar() {
+    for (const QPointer<QMenu>& menu : impl_->menus) {
+        delete menu.data();
+    }
+    for (const QPointer<QShortcut>& shortcut : impl_->shortcuts) {
+        delete shortcut.data();
+    }
+}
 
 void MenuBar::Show(const std::vector<MenuNode>& menus) {
     if (!SameShape(impl_->shown, menus)) {
@@ -100,8 +110,10 @@ void MenuBar::Show(const std::vector<MenuNode>& menus) {
         bar->clear();
         impl_->shown.clear();
         // Later, since the rebuild may come from a command of one of these menus.
-        for (QMenu* menu : impl_->menus) {
-            menu->deleteLater();
+        for (const QPointer<QMenu>& menu : impl_->menus) {
+            if (menu) {
+                menu->deleteLater();
+            }
         }
         impl_->menus.clear();
         for (const MenuNode& node : menus) {
@@ -119,6 +131,7 @@ void MenuBar::AddAccelerator(const std::string& keys, int id) {
     auto* shortcut = new QShortcut(QKeySequence(QString::fromStdString(keys)), impl_->window);
     shortcut->setContext(Qt::WindowShortcut);
     QObject::connect(shortcut, &QShortcut::activated, [this, id] { onCommand.Call(id); });
+    impl_->shortcuts.emplace_back(shortcut);
 }
 
 }  // namespace kestrel2::win

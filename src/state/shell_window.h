@@ -9,6 +9,7 @@
 
 #include "base/dual_string.h"
 #include "base/prompt.h"
+#include "gui/gui.h"
 #include "gui/menu_bar.h"
 
 namespace kovra {
@@ -34,11 +35,15 @@ class ShellWindow {
 public:
     virtual ~ShellWindow() = default;
 
-    // Binds to the main window, which exists from now on: events go to `handler`, dropped files are
-    // accepted, and the timer calls OnTimer every `timerMs` milliseconds.
+    // Binds to the main window, which exists from now on: events go to `handler`, among them the keys
+    // and dropped files that reach the root of the gui tree, and the timer calls OnTimer every
+    // `timerMs` milliseconds.
     virtual void Attach(ShellHandler& handler, int timerMs) = 0;
     // Leaves the window: no event reaches the handler any more.
     virtual void Detach() = 0;
+
+    // The root of the gui tree, which the views are made in.
+    virtual kestrel2::win::Gui& Root() = 0;
 
     virtual aurel::DualString Title() const = 0;
     virtual void SetTitle(const aurel::DualString& title) = 0;

@@ -18,6 +18,9 @@ namespace kovra {
 namespace {
 
 constexpr int kThemeWatchMs = 500;
+constexpr int kWorkspaceId = 1;
+constexpr int kTimelineId = 2;
+constexpr int kPanelsId = 3;
 
 // The files of `folder` whose extension is one of `extensions`, sorted by path; at most `limit`.
 std::vector<aurel::DualString> ListFiles(const std::string& folder,
@@ -62,6 +65,7 @@ StateTitle::StateTitle(ShellWindow& window, std::string programFolder, aurel::Du
 
 StateTitle::~StateTitle() {
     aurel::LanguageListeners().Remove(this, &StateTitle::OnLanguageChanged);
+    aurel::ThemeListeners().Remove(this, &StateTitle::PlaceViews);
 }
 
 void StateTitle::Attach(aurel::App& app) {
@@ -96,6 +100,7 @@ void StateTitle::Init() {
     grid_.color1 = colours.defGridColor2;
 
     document_.Reset(true);
+    CreateViews();
     New();
     for (const Accelerator& accelerator : MainAccelerators()) {
         window_.AddAccelerator(accelerator.keys, accelerator.id);
@@ -109,6 +114,7 @@ void StateTitle::Init() {
 void StateTitle::Shutdown() {
     window_.Detach();
     aurel::LanguageListeners().Remove(this, &StateTitle::OnLanguageChanged);
+    aurel::ThemeListeners().Remove(this, &StateTitle::PlaceViews);
     // The recent list goes back into the settings before the App writes them.
     recentFiles_.reset();
 }
@@ -152,6 +158,37 @@ void StateTitle::RebuildFileMenus() {
 void StateTitle::OnLanguageChanged() {
     menu_->ApplyLanguage();
     RebuildFileMenus();
+}
+
+void StateTitle::CreateViews() {
+    kestrel2::win::Gui& root = window_.Root();
+    const aurel::Theme& theme = aurel::CurrentTheme();
+    const ViewBoxes boxes = LayOutViews(root.width, root.height, theme.panels.padding);
+    auto make = [&](int id, const kestrel2::win::Box& box, std::function<aurel::Color32()> colour) {
+        auto area = kestrel2::win::MakeChild<ViewArea>(root, id, box.x, box.y, box.width, box.height,
+                                                       std::move(colour));
+        area->keyListeners.Add(this, &StateTitle::OnKey);
+        return area;
+    };
+    workspace_ = make(kWorkspaceId, boxes.workspace, [this] { return backgroundColor_; });
+    timeline_ = make(kTimelineId, boxes.timeline, [] { return aurel::CurrentTheme().ui.panelGrad2; });
+    panels_ = make(kPanelsId, boxes.panels, [] { return aurel::CurrentTheme().panels.bgGrad1; });
+    PlaceViews();
+    aurel::ThemeListeners().AddUnique(this, &StateTitle::PlaceViews);
+}
+
+// The panel column's width follows the theme's padding; the anchors keep every edge where it is as the
+// window changes size.
+void StateTitle::PlaceViews() {
+    const kestrel2::win::Gui& root = window_.Root();
+    const ViewBoxes boxes = LayOutViews(root.width, root.height, aurel::CurrentTheme().panels.padding);
+    workspace_->SetPos(boxes.workspace.x, boxes.workspace.y, boxes.workspace.width, boxes.workspace.height);
+    timeline_->SetPos(boxes.timeline.x, boxes.timeline.y, boxes.timeline.width, boxes.timeline.height);
+    panels_->SetPos(boxes.panels.x, boxes.panels.y, boxes.panels.width, boxes.panels.height);
+    workspace_->SetAnchors(true, true, true, true);
+    timeline_->SetAnchors(true, false, true, true);
+    panels_->SetAnchors(false, true, true, true);
+    window_.Redraw();
 }
 
 void StateTitle::WhatsNewCheck() {
@@ -219,10 +256,9 @@ void StateTitle::UpdateTitle() {
     }
 }
 
+// A theme read again reaches the views through the theme's listeners.
 void StateTitle::OnTimer() {
-    if (aurel::RefreshTheme(app_->Settings())) {
-        window_.Redraw();
-    }
+    aurel::RefreshTheme(app_->Settings());
 }
 
 void StateTitle::SetBackgroundLoaded(bool) {

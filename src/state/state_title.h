@@ -20,6 +20,7 @@
 #include "state/document_workflow.h"
 #include "state/pin_clipboard.h"
 #include "state/shell_window.h"
+#include "state/view_area.h"
 
 namespace aurel {
 class App;
@@ -79,6 +80,8 @@ private:
     void ScanFolders();
     void RebuildFileMenus();
     void OnLanguageChanged();
+    void CreateViews();
+    void PlaceViews();
     void WhatsNewCheck();
     void UpdateMenu();
     void UpdateTitle();
@@ -120,6 +123,10 @@ private:
     PinClipboard pinClipboard_;
     std::unique_ptr<aurel::MruList> recentFiles_;
     std::unique_ptr<DocumentWorkflow> workflow_;
+    // Where the workspace, the timeline and the panel column stand until those views are made.
+    std::shared_ptr<ViewArea> workspace_;
+    std::shared_ptr<ViewArea> timeline_;
+    std::shared_ptr<ViewArea> panels_;
     int editMode_ = kModeTextures;
     int skinTool_ = kToolSkin;
     int animListSelection_ = -1;

@@ -321,7 +321,6 @@ void StateTitle::LoadThemeAt(std::size_t index) {
     if (index < themeFiles_.size()) {
         const aurel::DualString& path = themeFiles_[index];
         aurel::LoadTheme(path, BaseName(path.Utf8()), app_->Settings());
-        window_.Redraw();
     }
 }
 

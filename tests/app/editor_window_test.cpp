@@ -10,6 +10,7 @@
 #include <QMimeData>
 #include <QShortcut>
 #include <QUrl>
+#include <QWidget>
 
 #include "gui/main_window.h"
 
@@ -103,10 +104,10 @@ TEST_F(EditorWindowTest, AcceleratorsDropsAndTheCloseQuestionReachTheHandler) {
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile("/art/walk.ske")});
     QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(qtWindow, &enter);
+    QApplication::sendEvent(main.RootGui().window.handle(), &enter);
     EXPECT_TRUE(enter.isAccepted());
     QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(qtWindow, &drop);
+    QApplication::sendEvent(main.RootGui().window.handle(), &drop);
     EXPECT_EQ(handler.drops, std::vector<std::string>{"/art/walk.ske"});
 
     qtWindow->close();

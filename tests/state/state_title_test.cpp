@@ -8,6 +8,7 @@
 
 #include "app/app.h"
 #include "fake_shell_window.h"
+#include "gui/anchoring.h"
 #include "settings/lang.h"
 #include "settings/theme.h"
 #include "support/english.h"
@@ -65,6 +66,23 @@ TEST_F(StateTitleTest, StartsWithAnUntitledDocumentInTextureModeAndTheWholeMenu)
     EXPECT_EQ(window.menus[1].children[8].children.size(), 1u) << "the one shipped language";
     EXPECT_TRUE(Entry(368).checked);
     EXPECT_TRUE(window.prompt.asked.empty());
+}
+
+TEST_F(StateTitleTest, TheViewsStandInTheirPlacesAndFollowTheWindowsSize) {
+    Start();
+    kestrel2::win::Gui& root = window.Root();
+    const auto box = [&](int id) {
+        const kestrel2::win::IGuiWindow& view = *root.GetDlgControl(id);
+        return kestrel2::win::Box{view.x, view.y, view.width, view.height};
+    };
+    const int column = 180 + 2 * aurel::CurrentTheme().panels.padding;
+    for (const auto& [width, height] :
+         {std::pair{root.width, root.height}, std::pair{1300, 900}, std::pair{400, 200}}) {
+        root.SetPos(0, 0, width, height);
+        EXPECT_EQ(box(1), (kestrel2::win::Box{0, 0, width - column, height - 120})) << width;
+        EXPECT_EQ(box(2), (kestrel2::win::Box{0, height - 120, width - column, 120}));
+        EXPECT_EQ(box(3), (kestrel2::win::Box{width - column, 0, column, height}));
+    }
 }
 
 TEST_F(StateTitleTest, UndoAndRedoLabelsNameTheCandidateAndTheTitleMarksChangesUntilUndone) {
@@ -275,8 +293,9 @@ TEST_F(StateTitleTest, TheThemeWatchReloadsARewrittenThemeFile) {
     state->OnTimer();
     EXPECT_EQ(aurel::CurrentTheme().workspace.boneWidth, 3.5f);
     EXPECT_GT(window.redraws, redraws);
+    const int afterReload = window.redraws;
     state->OnTimer();
-    EXPECT_EQ(window.redraws, redraws + 1);
+    EXPECT_EQ(window.redraws, afterReload) << "an unchanged file is not read again";
     aurel::LoadTheme(aurel::DualString(std::string(KOVRA_DATA) + "/Themes/Paleform.txt"), "Paleform",
                      app.Settings());
     EXPECT_EQ(aurel::CurrentTheme().workspace.boneWidth, before);
