@@ -65,7 +65,7 @@ StateTitle::StateTitle(ShellWindow& window, std::string programFolder, aurel::Du
 
 StateTitle::~StateTitle() {
     aurel::LanguageListeners().Remove(this, &StateTitle::OnLanguageChanged);
-    aurel::ThemeListeners().Remove(this, &StateTitle::PlaceViews);
+    aurel::ThemeListeners().Remove(this, &StateTitle::OnThemeChanged);
 }
 
 void StateTitle::Attach(aurel::App& app) {
@@ -93,12 +93,6 @@ void StateTitle::Init() {
         themePath = programFolder_ + "Themes/Paleform.txt";
     }
     aurel::LoadTheme(aurel::DualString(themePath), theme, settings);
-    const aurel::ThemeWorkspace& colours = aurel::CurrentTheme().workspace;
-    backgroundColor_ = colours.defBgColor;
-    grid_.color0 = colours.defGridColor;
-    grid_.origin = colours.defGridColor0;
-    grid_.color1 = colours.defGridColor2;
-
     document_.Reset(true);
     CreateViews();
     New();
@@ -114,7 +108,7 @@ void StateTitle::Init() {
 void StateTitle::Shutdown() {
     window_.Detach();
     aurel::LanguageListeners().Remove(this, &StateTitle::OnLanguageChanged);
-    aurel::ThemeListeners().Remove(this, &StateTitle::PlaceViews);
+    aurel::ThemeListeners().Remove(this, &StateTitle::OnThemeChanged);
     // The recent list goes back into the settings before the App writes them.
     recentFiles_.reset();
 }
@@ -173,12 +167,22 @@ void StateTitle::CreateViews() {
     workspace_ = make(kWorkspaceId, boxes.workspace, [this] { return backgroundColor_; });
     timeline_ = make(kTimelineId, boxes.timeline, [] { return aurel::CurrentTheme().ui.panelGrad2; });
     panels_ = make(kPanelsId, boxes.panels, [] { return aurel::CurrentTheme().panels.bgGrad1; });
-    PlaceViews();
-    aurel::ThemeListeners().AddUnique(this, &StateTitle::PlaceViews);
+    OnThemeChanged();
+    aurel::ThemeListeners().AddUnique(this, &StateTitle::OnThemeChanged);
 }
 
-// The panel column's width follows the theme's padding; the anchors keep every edge where it is as the
-// window changes size.
+// A theme brings its own defaults for the workspace's working colours, and its padding sets the width
+// of the panel column.
+void StateTitle::OnThemeChanged() {
+    const aurel::ThemeWorkspace& colours = aurel::CurrentTheme().workspace;
+    backgroundColor_ = colours.defBgColor;
+    grid_.color0 = colours.defGridColor;
+    grid_.origin = colours.defGridColor0;
+    grid_.color1 = colours.defGridColor2;
+    PlaceViews();
+}
+
+// The anchors keep every edge where it is as the window changes size.
 void StateTitle::PlaceViews() {
     const kestrel2::win::Gui& root = window_.Root();
     const ViewBoxes boxes = LayOutViews(root.width, root.height, aurel::CurrentTheme().panels.padding);

@@ -81,6 +81,7 @@ private:
     void RebuildFileMenus();
     void OnLanguageChanged();
     void CreateViews();
+    void OnThemeChanged();
     void PlaceViews();
     void WhatsNewCheck();
     void UpdateMenu();

@@ -38,6 +38,8 @@ protected:
             state->Shutdown();
         }
         test::LoadEnglish();
+        aurel::LoadTheme(aurel::DualString(std::string(KOVRA_DATA) + "/Themes/Paleform.txt"), "Paleform",
+                         app.Settings());
     }
 
     void Start() {
@@ -284,7 +286,6 @@ TEST_F(StateTitleTest, DigitsChooseEditModesAsStepsOfTheHistoryAndSpaceTogglesPl
 
 TEST_F(StateTitleTest, TheThemeWatchReloadsARewrittenThemeFile) {
     Start();
-    const float before = aurel::CurrentTheme().workspace.boneWidth;
     std::ifstream original(dir.File("Themes/Paleform.txt"));
     std::string text((std::istreambuf_iterator<char>(original)), std::istreambuf_iterator<char>());
     text.replace(text.find("BoneWidth = 8.0"), 15, "BoneWidth = 3.5");
@@ -296,9 +297,18 @@ TEST_F(StateTitleTest, TheThemeWatchReloadsARewrittenThemeFile) {
     const int afterReload = window.redraws;
     state->OnTimer();
     EXPECT_EQ(window.redraws, afterReload) << "an unchanged file is not read again";
-    aurel::LoadTheme(aurel::DualString(std::string(KOVRA_DATA) + "/Themes/Paleform.txt"), "Paleform",
-                     app.Settings());
-    EXPECT_EQ(aurel::CurrentTheme().workspace.boneWidth, before);
+}
+
+TEST_F(StateTitleTest, AThemeChosenFromTheMenuIsCheckedAndBringsItsWorkspaceColours) {
+    Start();
+    const aurel::Color32 pale = state->BackgroundColor();
+    state->OnMenuCommand(kMenuThemeFirst);
+    state->Update();
+    EXPECT_TRUE(Entry(kMenuThemeFirst).checked);
+    EXPECT_FALSE(Entry(kMenuThemeFirst + 1).checked);
+    EXPECT_EQ(state->BackgroundColor(), aurel::CurrentTheme().workspace.defBgColor);
+    EXPECT_NE(state->BackgroundColor(), pale);
+    EXPECT_EQ(state->Grid().origin, aurel::CurrentTheme().workspace.defGridColor0);
 }
 
 }  // namespace
