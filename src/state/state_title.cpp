@@ -220,6 +220,9 @@ void StateTitle::WhatsNewCheck() {
 
 void StateTitle::ShowTextFile(const std::string& file, const aurel::DualString& title) {
     std::ifstream stream(programFolder_ + file, std::ios::binary);
+    if (!stream) {
+        return;
+    }
     std::ostringstream text;
     text << stream.rdbuf();
     window_.Prompt().Tell(title, text.str());

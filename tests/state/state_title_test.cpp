@@ -10,6 +10,7 @@
 #include "fake_shell_window.h"
 #include "gui/anchoring.h"
 #include "settings/lang.h"
+#include "settings/path_info.h"
 #include "settings/theme.h"
 #include "support/english.h"
 #include "support/temp_dir.h"
@@ -84,6 +85,50 @@ TEST_F(StateTitleTest, TheViewsStandInTheirPlacesAndFollowTheWindowsSize) {
         EXPECT_EQ(box(1), (kestrel2::win::Box{0, 0, width - column, height - 120})) << width;
         EXPECT_EQ(box(2), (kestrel2::win::Box{0, height - 120, width - column, 120}));
         EXPECT_EQ(box(3), (kestrel2::win::Box{width - column, 0, column, height}));
+    }
+}
+
+TEST_F(StateTitleTest, WhatsNewShowsTheChangesOnceAfterTheyChanged) {
+    std::ofstream(dir.File("Changes.txt")) << "Bones bend.";
+    aurel::SettingsStore& settings = app.Settings();
+    const auto date = static_cast<std::int32_t>(
+        aurel::PathInfo(aurel::DualString(dir.File("Changes.txt"))).ModificationTime());
+    const struct {
+        bool stored;
+        std::int32_t recent;
+        const char* version;
+        const char* title;  // null: nothing is shown
+    } cases[] = {
+        {false, 0, "", nullptr},
+        {true, date, "0.0.1", nullptr},
+        {true, date - 60, "0.0.1", "What's New Since v0.0.1"},
+        {true, date - 60, "", "What's New"},
+    };
+    for (const auto& c : cases) {
+        settings.Clear();
+        settings.Select("App");
+        if (c.stored) {
+            settings.SetInt("RecentChanges", c.recent);
+        }
+        if (*c.version) {
+            settings.SetString("RecentVersion", c.version);
+        }
+        window.prompt.asked.clear();
+        Start();
+        state->Shutdown();
+        state.reset();
+        if (c.title) {
+            ASSERT_EQ(window.prompt.asked.size(), 1u);
+            EXPECT_EQ(window.prompt.asked[0].title.Utf8(), c.title);
+            EXPECT_EQ(window.prompt.asked[0].text.Utf8(), "Bones bend.");
+        } else {
+            EXPECT_TRUE(window.prompt.asked.empty());
+        }
+        settings.Select("App");
+        std::int32_t stored = 0;
+        EXPECT_TRUE(settings.GetInt("RecentChanges", stored));
+        EXPECT_EQ(stored, date);
+        EXPECT_EQ(settings.GetString("RecentVersion", "").Utf8() != c.version, c.title != nullptr);
     }
 }
 
