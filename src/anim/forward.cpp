@@ -154,13 +154,28 @@ void TurnAndScale(Pose& pose, int hot, float deltaAngle, float oldLength, float 
 }  // namespace
 
 bool IsTree(const Pose& pose) {
+    // Each pin's chain of parents is walked once: up to a pin already known to lead to a top, which
+    // makes the whole check linear whatever the order of the records.
+    enum State : std::uint8_t { kUnknown, kOnWalk, kLeadsToTop };
     const int n = static_cast<int>(pose.size());
-    for (const WirrelPin& pin : pose) {
-        int steps = 0;
-        for (int p = pin.parent; p >= 0; p = pose[p].parent) {
-            if (p >= n || ++steps > n) {
+    std::vector<State> state(pose.size(), kUnknown);
+    std::vector<int> walk;
+    for (int i = 0; i < n; ++i) {
+        walk.clear();
+        int p = i;
+        while (p >= 0 && state[p] == kUnknown) {
+            state[p] = kOnWalk;
+            walk.push_back(p);
+            p = pose[p].parent;
+            if (p >= n) {
                 return false;
             }
+        }
+        if (p >= 0 && state[p] == kOnWalk) {
+            return false;  // the walk came back on itself
+        }
+        for (int w : walk) {
+            state[w] = kLeadsToTop;
         }
     }
     return true;

@@ -1,6 +1,8 @@
 #include "anim/interpolate.h"
 
 #include <cmath>
+#include <cstdint>
+#include <unordered_map>
 
 namespace kovra {
 
@@ -22,28 +24,58 @@ float Lerp(float a, float b, float t) {
 }
 
 // Adds each parent's resolved angle to the relative angles of its children. Hidden records keep their
-// relative angle, and so do children below them.
+// relative angle and their mark, and so do the records below them. Each record is resolved once, after
+// its parent, whatever the order of the records.
 void ResolveRelativeAngles(Pose& out) {
-    bool pending = true;
-    bool progress = true;
-    while (pending && progress) {
-        pending = false;
-        progress = false;
-        for (WirrelPin& pin : out) {
-            if ((pin.flags & kPinMark) == 0 || (pin.flags & kPinHidden) != 0) {
-                continue;
+    enum State : std::uint8_t { kOpen, kOnWalk, kFinal, kStuck };
+    std::vector<State> state(out.size(), kOpen);
+    std::vector<std::size_t> walk;
+    for (std::size_t i = 0; i < out.size(); ++i) {
+        // Up the open marked records to one whose angle is final: an unmarked record or one resolved
+        // before. A hidden marked record, a loop, or a record found stuck before leaves the walk stuck.
+        walk.clear();
+        std::size_t p = i;
+        while (state[p] == kOpen && (out[p].flags & kPinMark) != 0 && (out[p].flags & kPinHidden) == 0) {
+            state[p] = kOnWalk;
+            walk.push_back(p);
+            p = static_cast<std::size_t>(out[p].parent);
+        }
+        const bool stuck = state[p] != kFinal && (state[p] != kOpen || (out[p].flags & kPinMark) != 0);
+        for (auto w = walk.rbegin(); w != walk.rend(); ++w) {
+            state[*w] = stuck ? kStuck : kFinal;
+            if (!stuck) {
+                WirrelPin& pin = out[*w];
+                pin.angle += out[static_cast<std::size_t>(pin.parent)].angle;
+                pin.flags &= ~kPinMark;
             }
-            const WirrelPin& parent = out[pin.parent];
-            if ((parent.flags & kPinMark) != 0) {
-                pending = true;
-                continue;
-            }
-            pin.angle += parent.angle;
-            pin.flags &= ~kPinMark;
-            progress = true;
         }
     }
 }
+
+// Finds records of a pose by id: the record at the hint when it has the id, else the first with it. The
+// table of first records is made on the first miss.
+class IdLookup {
+public:
+    explicit IdLookup(const Pose& pins) : pins_(pins) {}
+
+    int Find(std::int32_t id, int hint) {
+        if (hint >= 0 && hint < static_cast<int>(pins_.size()) && pins_[hint].id == id) {
+            return hint;
+        }
+        if (first_.empty() && !pins_.empty()) {
+            first_.reserve(pins_.size());
+            for (std::size_t i = 0; i < pins_.size(); ++i) {
+                first_.emplace(pins_[i].id, static_cast<int>(i));
+            }
+        }
+        const auto found = first_.find(id);
+        return found == first_.end() ? -1 : found->second;
+    }
+
+private:
+    const Pose& pins_;
+    std::unordered_map<std::int32_t, int> first_;
+};
 
 const WirrelAnim* AnimAt(const Wirrel& wirrel, int index) {
     return index >= 0 && index < static_cast<int>(wirrel.anims.size()) ? &wirrel.anims[index] : nullptr;
@@ -74,10 +106,11 @@ void SampleSkins(const Wirrel& wirrel, const WirrelAnim& anim, std::uint32_t fra
                  std::vector<WirrelSkin>& out) {
     const Pose& a = KeyPins(anim, frameIndex);
     const Pose& b = NextKeyPins(anim, frameIndex);
+    IdLookup inB(b);
     const float t = Fraction(framePos);
     out.resize(a.size());
     for (std::size_t i = 0; i < a.size(); ++i) {
-        const int j = IndexOfId(b, a[i].id, static_cast<int>(i));
+        const int j = inB.Find(a[i].id, static_cast<int>(i));
         out[i] = InterpolateSkin(SkinOf(wirrel, a[i]), j >= 0 ? SkinOf(wirrel, b[j]) : WirrelSkin{}, t);
     }
 }
@@ -99,12 +132,13 @@ void Interpolate(Pose& out, const Pose& a, const Pose& b, float t) {
         return worldB;
     };
     const int countB = static_cast<int>(b.size());
+    IdLookup inB(b);
 
     for (std::size_t i = 0; i < a.size(); ++i) {
         const WirrelPin& pinA = a[i];
         WirrelPin& o = out[i];
         o.flags = pinA.flags & ~kPinMark;
-        const int j = IndexOfId(b, pinA.id, static_cast<int>(i));
+        const int j = inB.Find(pinA.id, static_cast<int>(i));
         if (j < 0) {
             continue;
         }
@@ -119,7 +153,7 @@ void Interpolate(Pose& out, const Pose& a, const Pose& b, float t) {
         } else {
             sameParent = parentB >= 0 && parentB < countB && b[parentB].id == a[parentA].id;
             if (!sameParent) {
-                parentB = IndexOfId(b, a[parentA].id, parentA);
+                parentB = inB.Find(a[parentA].id, parentA);
             }
         }
 
@@ -157,8 +191,8 @@ void Interpolate(Pose& out, const Pose& a, const Pose& b, float t) {
         } else {
             // Measure b across the parents that a has, in b's world space.
             const std::vector<WorldPoint>& w = world();
-            const int q = parentA >= 0 ? IndexOfId(b, a[parentA].id, parentA) : -1;
-            const int g = grandA >= 0 ? IndexOfId(b, a[grandA].id, grandA) : -1;
+            const int q = parentA >= 0 ? inB.Find(a[parentA].id, parentA) : -1;
+            const int g = grandA >= 0 ? inB.Find(a[grandA].id, grandA) : -1;
             const float baseB = q >= 0 && g >= 0 ? std::atan2(w[q].y - w[g].y, w[q].x - w[g].x) : 0.0f;
             const float vx = q >= 0 ? w[j].x - w[q].x : w[j].x;
             const float vy = q >= 0 ? w[j].y - w[q].y : w[j].y;
@@ -249,10 +283,11 @@ bool EvaluateSkins(const Wirrel& wirrel, const PlayCursor& cursor, std::vector<W
     SampleSkins(wirrel, *other, cursor.otherFrameIndex, cursor.otherFramePos, left);
     const Pose& leftPins = KeyPins(*other, cursor.otherFrameIndex);
     const Pose& currentPins = KeyPins(*anim, cursor.frameIndex);
+    IdLookup inCurrent(currentPins);
     const float t = Fraction(cursor.blendPos);
     out.resize(left.size());
     for (std::size_t i = 0; i < left.size(); ++i) {
-        const int j = IndexOfId(currentPins, leftPins[i].id, static_cast<int>(i));
+        const int j = inCurrent.Find(leftPins[i].id, static_cast<int>(i));
         out[i] = InterpolateSkin(left[i], j >= 0 ? current[j] : WirrelSkin{}, t);
     }
     return true;

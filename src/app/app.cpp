@@ -10,7 +10,7 @@ namespace {
 
 void ReadStore(SettingsStore& store, const std::string& path) {
     FileStream stream;
-    if (OpenBinStream(stream, DualString(path), 2)) {
+    if (OpenRegularFile(stream, DualString(path))) {
         store.Load(stream);
     }
 }

@@ -2,11 +2,14 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QGuiApplication>
+#include <QScreen>
 #include <QSocketNotifier>
 #include <QWidget>
 
-#include <csignal>
 #include <unistd.h>
+#include <algorithm>
+#include <csignal>
 
 #include "app/app.h"
 #include "base/kestrel_exception.h"
@@ -54,6 +57,28 @@ struct SysWin::SignalWatch {
     std::unique_ptr<QSocketNotifier> notifier;
 };
 
+void ClampToArea(SysWinConfig& config, const ScreenArea& area) {
+    if (area.width <= 0 || area.height <= 0) {
+        return;  // no screen to measure by
+    }
+    const SysWinConfig defaults;
+    const auto fit = [](std::int32_t size, std::int32_t fallback, std::int32_t room) {
+        return std::max<std::int32_t>(1, std::min(size > 0 ? size : fallback, room));
+    };
+    config.width = fit(config.width, defaults.width, area.width);
+    config.height = fit(config.height, defaults.height, area.height);
+    const auto place = [](std::int32_t at, std::int32_t size, std::int32_t start, std::int32_t room) {
+        if (at == SysWinConfig::kDefaultPosition) {
+            return at;
+        }
+        const std::int64_t last = std::int64_t{start} + room - size;
+        return static_cast<std::int32_t>(
+            std::clamp<std::int64_t>(at, start, std::max<std::int64_t>(start, last)));
+    };
+    config.x = place(config.x, config.width, area.x, area.width);
+    config.y = place(config.y, config.height, area.y, area.height);
+}
+
 SysWin::SysWin(const SysWinConfig& config) : config_(config) {}
 
 SysWin::~SysWin() = default;
@@ -68,12 +93,17 @@ void SysWin::Init(App& app) {
     std::int32_t maximised = config_.maximised ? 1 : 0;
     settings.GetInt("DefaultFullscreen", maximised);
     config_.maximised = maximised != 0;
+    if (const QScreen* screen = QGuiApplication::primaryScreen()) {
+        const QRect area = screen->availableGeometry();
+        ClampToArea(config_, ScreenArea{area.x(), area.y(), area.width(), area.height()});
+    }
 
     window_ = std::make_unique<kestrel2::win::MainWindow>();
     const kestrel2::win::Placement placement{config_.x, config_.y, config_.width, config_.height,
                                              config_.maximised};
     if (!window_->Create(placement, config_.resizable)) {
-        throw KestrelWindowsException("Unknown error creating window at %d x %d.", config_.width, config_.height);
+        throw KestrelWindowsException("Unknown error creating window at %d x %d.", config_.width,
+                                      config_.height);
     }
     window_->onSize.Add(this, &SysWin::OnSize);
     window_->onMove.Add(this, &SysWin::OnMove);

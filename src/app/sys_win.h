@@ -13,7 +13,7 @@
 namespace kestrel2::win {
 class MainWindow;
 struct Placement;
-}
+}  // namespace kestrel2::win
 
 namespace aurel {
 
@@ -28,6 +28,19 @@ struct SysWinConfig {
     bool waitForMessages = true;
     bool resizable = true;
 };
+
+// The part of a screen that windows may take, without its panels and docks.
+struct ScreenArea {
+    std::int32_t x = 0;
+    std::int32_t y = 0;
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+};
+
+// Brings a restored rectangle read from the settings onto `area`: a size under one pixel takes the
+// default, one larger than the area shrinks to it, and a window with a position moves inside the area.
+// An empty area changes nothing.
+void ClampToArea(SysWinConfig& config, const ScreenArea& area);
 
 class SysWin : public ISys {
 public:

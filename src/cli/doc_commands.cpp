@@ -1,9 +1,6 @@
 #include "cli/doc_commands.h"
 
 #include <bit>
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <memory>
 
@@ -17,8 +14,9 @@ namespace {
 
 bool SaveDocument(WirrelDoc& doc, const std::string& file, aurel::Prompt& prompt) {
     const std::string target = AbsolutePath(file);
-    if (!doc.Save(target, aurel::PathInfo(target).Extension().Utf8() == "ske", prompt)) {
-        std::fprintf(stderr, "kovra-cli: cannot write %s\n", file.c_str());
+    std::string why;
+    if (!doc.Save(target, aurel::PathInfo(target).Extension().Utf8() == "ske", prompt, &why)) {
+        Fail("cannot write " + file + (why.empty() ? "" : ": " + why));
         return false;
     }
     return true;
@@ -132,15 +130,9 @@ std::string AbsolutePath(const std::string& path) {
 
 bool LoadDocument(const std::string& file, WirrelDoc& doc, std::vector<WirrelImageRecord>& images,
                   aurel::Prompt& prompt) {
-    const std::string path = AbsolutePath(file);
-    if (std::FILE* probe = std::fopen(path.c_str(), "rb")) {
-        std::fclose(probe);
-    } else {
-        std::fprintf(stderr, "kovra-cli: cannot open %s: %s\n", file.c_str(), std::strerror(errno));
-        return false;
-    }
-    if (!doc.Load(path, prompt, images, false)) {
-        std::fprintf(stderr, "kovra-cli: %s is not a readable Kovra document\n", file.c_str());
+    std::string why;
+    if (!doc.Load(AbsolutePath(file), prompt, images, false, &why)) {
+        Fail(why.empty() ? file + " is not a readable Kovra document" : "cannot open " + file + ": " + why);
         return false;
     }
     for (const WirrelImageRecord& image : images) {

@@ -6,9 +6,11 @@
 #include <utility>
 
 #include "anim/ik_solver.h"
+#include "anim/interpolate.h"
 #include "commands/repeat.h"
 #include "doc/pin_tree.h"
 #include "doc/skins.h"
+#include "textures/skin_area.h"
 
 namespace kovra {
 namespace {
@@ -506,6 +508,14 @@ bool CommandPinProperty::Merge(ICommand& next) {
     return true;
 }
 
+namespace {
+
+// The skin view among the document's view flags: labels, rotate children, bones, skins, collision,
+// background, inverse kinematics.
+constexpr std::size_t kSkinViewFlag = 3;
+
+}  // namespace
+
 CommandPinSelArea::CommandPinSelArea(float x0, float y0, float x1, float y1, WirrelDoc& doc,
                                      SelectionTracker& selection, const ViewTransform& view, bool add,
                                      const SelectionTracker::Saved& atPress)
@@ -526,6 +536,16 @@ CommandPinSelArea::CommandPinSelArea(float x0, float y0, float x1, float y1, Wir
     const float top = std::min(y0, y1) - s.oy;
     const float bottom = std::max(y0, y1) - s.oy;
     std::set<int> hits;
+    if (doc.viewFlags[kSkinViewFlag] && doc.HasCurrentAnim()) {
+        Pose pose;
+        EvaluatePose(doc.Wirrel(), doc.cursor, pose);
+        const PixelBox box{left, top, right, bottom};
+        for (std::size_t i = 0; i < pose.size() && i < view.pinPixels.size(); ++i) {
+            if (SkinInBox(doc, pose, view, i, box)) {
+                hits.insert(static_cast<int>(i));
+            }
+        }
+    }
     for (std::size_t i = 0; i < view.pinPixels.size(); ++i) {
         const PinPixel& p = view.pinPixels[i];
         const float dx = p.x - std::clamp(p.x, left, right);

@@ -12,6 +12,18 @@ namespace kovra {
 
 using namespace skin;
 
+namespace {
+
+// The pin at the top of `index`'s tree, climbing past pins of type Root that hang from others.
+int TopOf(const std::vector<WirrelPin>& pins, int index) {
+    for (std::size_t steps = 0; steps < pins.size() && pins[index].parent >= 0; ++steps) {
+        index = pins[index].parent;
+    }
+    return index;
+}
+
+}  // namespace
+
 CommandSkinOffset::CommandSkinOffset(float dx, float dy, const SelectionTracker& selection, WirrelDoc& doc,
                                      const std::vector<SkinGrip>& grips, const ViewTransform& view,
                                      bool separate)
@@ -194,21 +206,24 @@ CommandSkinPin::CommandSkinPin(const SkinDrag& drag, SelectionTracker& selection
     pin_ = h;
     posed_ = pins();
 
-    // Only pins of another skeleton attract the joint.
+    // Only pins of another skeleton attract the joint. A root that an earlier joining left hanging inside
+    // a tree doesn't make its pins another skeleton: rehanging the joint there would close a loop.
     Vec2 mouse = drag.mouse;
     const Vec2 grabbed = Dragged(drag);
     const float reach = 2.0f * pinRadius;
     const int root = RootOf(doc.CurrentKey(), h);
+    const int top = TopOf(pins(), h);
     for (std::size_t i = 0; i < view.pinPixels.size() && i < pins().size(); ++i) {
         const PinPixel& p = view.pinPixels[i];
         const float dx = p.x - grabbed.x;
         const float dy = p.y - grabbed.y;
-        if (static_cast<int>(i) != h && dx * dx + dy * dy <= reach * reach &&
-            RootOf(doc.CurrentKey(), static_cast<int>(i)) != root) {
+        const int other = static_cast<int>(i);
+        if (other != h && dx * dx + dy * dy <= reach * reach && RootOf(doc.CurrentKey(), other) != root &&
+            TopOf(pins(), other) != top) {
             mouse = {std::trunc(p.x - drag.anchor.x + drag.press.x + 0.375f),
                      std::trunc(p.y - drag.anchor.y + drag.press.y + 0.375f)};
             snapped_ = true;
-            target_ = static_cast<int>(i);
+            target_ = other;
             break;
         }
     }

@@ -109,31 +109,45 @@ bool IsBone(const WirrelPin& pin) {
 }
 
 void WorldPositions(const std::vector<WirrelPin>& pins, std::vector<WorldPoint>& out) {
+    // Each record is placed once, from its parent: a walk up the parents stops at a record already
+    // placed or at a top, then places the records on the way back down. A walk that ends in a loop or
+    // a broken link leaves its records at the origin.
+    enum State : std::uint8_t { kUnplaced, kOnWalk, kPlaced, kUnplaceable };
     const std::size_t n = pins.size();
     out.assign(n, WorldPoint{});
-    std::vector<bool> done(n);
-    for (std::size_t remaining = n; remaining > 0;) {
-        const std::size_t before = remaining;
-        for (std::size_t i = 0; i < n; ++i) {
-            if (done[i]) {
+    std::vector<State> state(n, kUnplaced);
+    std::vector<std::size_t> walk;
+    for (std::size_t i = 0; i < n; ++i) {
+        walk.clear();
+        std::size_t p = i;
+        while (state[p] == kUnplaced) {
+            state[p] = kOnWalk;
+            walk.push_back(p);
+            if (pins[p].parent < 0) {
+                break;
+            }
+            p = static_cast<std::size_t>(pins[p].parent);
+            if (p >= n) {
+                break;
+            }
+        }
+        const WirrelPin& top = pins[walk.empty() ? i : walk.back()];
+        const bool placeable = !walk.empty() && (top.parent < 0 || (p < n && state[p] == kPlaced));
+        for (auto w = walk.rbegin(); w != walk.rend(); ++w) {
+            state[*w] = placeable ? kPlaced : kUnplaceable;
+            if (!placeable) {
                 continue;
             }
-            const WirrelPin& pin = pins[i];
-            const auto p = static_cast<std::size_t>(pin.parent);
+            const WirrelPin& pin = pins[*w];
             const float dx = pin.length * std::cos(pin.angle);
             const float dy = pin.length * std::sin(pin.angle);
+            const auto id = static_cast<float>(pin.id);
             if (pin.parent < 0) {
-                out[i] = WorldPoint{dx, dy, static_cast<float>(pin.id)};
-            } else if (p < n && done[p]) {
-                out[i] = WorldPoint{out[p].x + dx, out[p].y + dy, static_cast<float>(pin.id)};
+                out[*w] = WorldPoint{dx, dy, id};
             } else {
-                continue;
+                const WorldPoint& base = out[static_cast<std::size_t>(pin.parent)];
+                out[*w] = WorldPoint{base.x + dx, base.y + dy, id};
             }
-            done[i] = true;
-            --remaining;
-        }
-        if (remaining == before) {
-            break;
         }
     }
 }

@@ -59,8 +59,8 @@ void WirrelDoc::DrawMissingTextureImage() {
     centred.vertical = aurel::TextAlign::Centre;
     missingTextureImage.DrawText(aurel::Lang("MESSAGES", "TxMissLn1").Utf8(), 0, 0, 112, 92, 0xFFC00000, font,
                                  centred);
-    missingTextureImage.DrawText(aurel::Lang("MESSAGES", "TxMissLn2").Utf8(), 0, 20, 112, 92, 0xFFC00000, font,
-                                 centred);
+    missingTextureImage.DrawText(aurel::Lang("MESSAGES", "TxMissLn2").Utf8(), 0, 20, 112, 92, 0xFFC00000,
+                                 font, centred);
 }
 
 void WirrelDoc::Reset(bool withDefaultAnim) {
@@ -192,15 +192,13 @@ int WirrelDoc::AddPin(float angle, float length, int parent, std::string_view na
 }
 
 bool WirrelDoc::Load(const aurel::DualString& file, aurel::Prompt& window,
-                     std::vector<WirrelImageRecord>& imagesOut, bool asTemplate) {
+                     std::vector<WirrelImageRecord>& imagesOut, bool asTemplate, std::string* why) {
     Reset(false);
     imagesOut.clear();
     std::vector<std::uint8_t> bytes;
-    aurel::FileStream stream;
-    if (!aurel::OpenBinReader(stream, file) || !ReadAllBytes(stream, bytes)) {
+    if (!ReadDocumentFile(file, bytes, why)) {
         return false;
     }
-    aurel::CloseBinStream(stream);
     const int version = WirrelVersion(bytes);
     if (version == 0) {
         return false;
@@ -270,7 +268,17 @@ bool WirrelDoc::Load(const aurel::DualString& file, aurel::Prompt& window,
     return complete;
 }
 
-bool WirrelDoc::Save(const aurel::DualString& file, bool isSke, aurel::Prompt& window) {
+bool WirrelDoc::Save(const aurel::DualString& file, bool isSke, aurel::Prompt& window, std::string* why) {
+    if (!SaveCopy(file, window, why)) {
+        return false;
+    }
+    hasPath = true;
+    fileWith = isSke;
+    path = file;
+    return true;
+}
+
+bool WirrelDoc::SaveCopy(const aurel::DualString& file, aurel::Prompt& window, std::string* why) const {
     // A background path is kept as the file held it, relative to the file the document came from.
     aurel::DualString backgroundPath = background.path;
     if (hasPath && aurel::IsRelative(backgroundPath)) {
@@ -301,14 +309,8 @@ bool WirrelDoc::Save(const aurel::DualString& file, bool isSke, aurel::Prompt& w
     }
 
     const std::vector<std::uint8_t> bytes = WriteWirrel(*wirrel_, records, editor);
-    if (!aurel::WriteFileAtomically(
-            file, [&bytes](aurel::BinStream& stream) { return stream.Write(bytes.size(), bytes.data()); })) {
-        return false;
-    }
-    hasPath = true;
-    fileWith = isSke;
-    path = file;
-    return true;
+    return aurel::WriteFileAtomically(
+        file, [&bytes](aurel::BinStream& stream) { return stream.Write(bytes.size(), bytes.data()); }, why);
 }
 
 void WirrelDoc::SetFrame(std::uint32_t index) {

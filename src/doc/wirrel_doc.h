@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -99,14 +100,18 @@ public:
     // Replaces the document by the file's. Image paths stored relative to the file come back absolute in
     // `imagesOut`, whose pictures the caller loads; the background path stays as the file holds it. An
     // example opened as a template keeps no path. False when the file can't be read; the document is
-    // then to be reset by the caller.
+    // then to be reset by the caller. `why` (when given) gets the reason when the file itself was
+    // refused (missing, not a regular file, too large); it stays empty when the bytes aren't a document.
     bool Load(const aurel::DualString& file, aurel::Prompt& window, std::vector<WirrelImageRecord>& imagesOut,
-              bool asTemplate);
+              bool asTemplate, std::string* why = nullptr);
     // Writes the document to `file` with its image paths made relative to it, asking through `window`
     // what to do with an image that can't be reached relatively. The file is replaced only when all of
     // it was written: on false the earlier file is untouched. `isSke` tells whether the name ends in
-    // ".ske"; it is remembered as fileWith and changes nothing in the bytes.
-    bool Save(const aurel::DualString& file, bool isSke, aurel::Prompt& window);
+    // ".ske"; it is remembered as fileWith and changes nothing in the bytes. `why` (when given) gets
+    // the reason a write failed ("No space left on device"); it stays empty when a question was refused.
+    bool Save(const aurel::DualString& file, bool isSke, aurel::Prompt& window, std::string* why = nullptr);
+    // Writes the document to `file` as Save does, but as a copy: the document keeps its own path.
+    bool SaveCopy(const aurel::DualString& file, aurel::Prompt& window, std::string* why = nullptr) const;
 
     void SetFrame(std::uint32_t index);
     void SetSnapFrames(std::uint32_t n) { snapFrames = n; }

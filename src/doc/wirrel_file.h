@@ -63,6 +63,9 @@ constexpr std::uint32_t kNameLimit = 32;
 constexpr std::uint32_t kPathLimit = 512;
 constexpr std::uint32_t kNotesLimit = 65536;
 
+// No document is larger: a bigger file is refused before it is read.
+constexpr std::int64_t kFileLimit = std::int64_t{1} << 30;
+
 }  // namespace ske
 
 }  // namespace kovra

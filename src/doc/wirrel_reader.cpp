@@ -417,11 +417,42 @@ bool ReadAllBytes(aurel::BinReader& stream, std::vector<std::uint8_t>& out) {
         return false;
     }
     const std::int64_t size = stream.Tell();
-    if (size < 0 || !stream.Seek(0, aurel::kSeekStart)) {
+    if (size < 0 || size > ske::kFileLimit || !stream.Seek(0, aurel::kSeekStart)) {
         return false;
     }
     out.resize(static_cast<std::size_t>(size));
     return stream.Read(out.size(), out.data());
+}
+
+bool ReadDocumentFile(const aurel::DualString& path, std::vector<std::uint8_t>& out, std::string* why) {
+    out.clear();
+    aurel::FileStream stream;
+    if (!aurel::OpenBinReader(stream, path, why)) {
+        return false;
+    }
+    constexpr std::size_t kStart = 6;  // magic, zero, version
+    out.resize(kStart);
+    if (!stream.Read(kStart, out.data()) || WirrelVersion(out) == 0) {
+        out.clear();
+        return false;
+    }
+    const std::int64_t size = stream.Size();
+    if (size > ske::kFileLimit) {
+        out.clear();
+        if (why) {
+            *why = "it is " + std::to_string(size) + " bytes, more than the 1 GiB a document can be";
+        }
+        return false;
+    }
+    out.resize(static_cast<std::size_t>(std::max<std::int64_t>(size, kStart)));
+    if (!stream.Read(out.size() - kStart, out.data() + kStart)) {
+        out.clear();
+        if (why) {
+            *why = "it could not be read whole";
+        }
+        return false;
+    }
+    return true;
 }
 
 }  // namespace kovra

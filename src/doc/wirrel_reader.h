@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "doc/wirrel.h"
@@ -30,7 +31,12 @@ bool ReadWirrel(Wirrel& wirrel, std::vector<WirrelImageRecord>& imagesOut, aurel
 // False when a record is damaged or the file ends before its end chunk.
 bool ReadEditorData(std::span<const std::uint8_t> file, WirrelEditorData& out);
 
-// Reads the whole stream from its start.
+// Reads the whole stream from its start; false for a stream larger than any document.
 bool ReadAllBytes(aurel::BinReader& stream, std::vector<std::uint8_t>& out);
+
+// Reads a document file whole. The file must be a regular one, its head is checked from its first bytes
+// before the rest is read, and a file larger than ske::kFileLimit is refused unread. On false, `why`
+// gets the reason when the file itself was refused; it stays empty when the bytes aren't a document.
+bool ReadDocumentFile(const aurel::DualString& path, std::vector<std::uint8_t>& out, std::string* why);
 
 }  // namespace kovra

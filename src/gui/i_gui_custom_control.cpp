@@ -28,6 +28,10 @@ public:
 
 protected:
     bool event(QEvent* event) override {
+        // The screen decides the ratio, and the window may move to another screen at any time.
+        if (devicePixelRatioF() != owner_.PixelRatio()) {
+            owner_.SetPixelRatio(devicePixelRatioF());
+        }
         if (!translator_.Feed(*event, width(), height(), owner_.PixelRatio())) {
             return QWidget::event(event);
         }
@@ -46,9 +50,6 @@ protected:
     }
 
     void paintEvent(QPaintEvent*) override {
-        if (devicePixelRatioF() != owner_.PixelRatio()) {
-            owner_.SetPixelRatio(devicePixelRatioF());
-        }
         const aurel::ImageSurface& buffer = owner_.Paint();
         if (buffer.IsEmpty()) {
             return;
@@ -78,7 +79,9 @@ IGuiCustomControl::~IGuiCustomControl() {
 }
 
 void IGuiCustomControl::OnCreate() {
-    window = Window(new CustomWidget(*this, ParentWidget()), true);
+    auto* widget = new CustomWidget(*this, ParentWidget());
+    ratio_ = widget->devicePixelRatioF();
+    window = Window(widget, true);
 }
 
 void IGuiCustomControl::Redraw() {

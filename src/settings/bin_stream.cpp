@@ -1,12 +1,17 @@
 #include "settings/bin_stream.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstring>
 
 namespace aurel {
 
-FileStream::~FileStream() { CloseBinStream(*this); }
+FileStream::~FileStream() {
+    CloseBinStream(*this);
+}
 
 bool FileStream::Read(std::size_t size, void* buffer) {
     return file_ && std::fread(buffer, 1, size, file_) == size;
@@ -21,9 +26,18 @@ bool FileStream::Seek(std::int64_t offset, int mode) {
     return file_ && mode >= 0 && mode <= 2 && fseeko(file_, offset, kWhence[mode]) == 0;
 }
 
-std::int64_t FileStream::Tell() { return file_ ? ftello(file_) : -1; }
+std::int64_t FileStream::Tell() {
+    return file_ ? ftello(file_) : -1;
+}
 
-bool FileStream::Sync() { return file_ && std::fflush(file_) == 0 && fsync(fileno(file_)) == 0; }
+std::int64_t FileStream::Size() const {
+    struct stat info;
+    return file_ && fstat(fileno(file_), &info) == 0 ? static_cast<std::int64_t>(info.st_size) : -1;
+}
+
+bool FileStream::Sync() {
+    return file_ && std::fflush(file_) == 0 && fsync(fileno(file_)) == 0;
+}
 
 bool MemoryStream::Read(std::size_t size, void* buffer) {
     const std::size_t available = pos_ < bytes_.size() ? bytes_.size() - pos_ : 0;
@@ -84,12 +98,68 @@ bool OpenBinStream(FileStream& stream, const DualString& path, int mode) {
     return stream.file_ != nullptr;
 }
 
-bool OpenBinReader(FileStream& stream, const DualString& path) {
-    if (path.Utf16().size() > 2048) {
-        CloseBinStream(stream);
-        return false;
+std::string PathLimitMessage() {
+    return "the path is longer than the " + std::to_string(kPathLimit) + " characters a path may have";
+}
+
+namespace {
+
+const char* NotAFile(mode_t mode) {
+    if (S_ISDIR(mode)) {
+        return "it is a folder, not a file";
     }
-    return OpenBinStream(stream, path, 2);
+    if (S_ISFIFO(mode)) {
+        return "it is a named pipe, not a file";
+    }
+    if (S_ISCHR(mode) || S_ISBLK(mode)) {
+        return "it is a device, not a file";
+    }
+    return "it is not a regular file";
+}
+
+bool Refuse(std::string* why, const std::string& reason) {
+    if (why) {
+        *why = reason;
+    }
+    return false;
+}
+
+}  // namespace
+
+bool OpenRegularFile(FileStream& stream, const DualString& path, std::string* why) {
+    CloseBinStream(stream);
+    // Without O_NONBLOCK, opening a pipe would wait for a writer; the flag is dropped once the file is
+    // known to be a regular one.
+    const int fd = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+    if (fd < 0) {
+        return Refuse(why, std::strerror(errno));
+    }
+    struct stat info {};
+    const char* reason = nullptr;
+    if (fstat(fd, &info) != 0) {
+        reason = std::strerror(errno);
+    } else if (!S_ISREG(info.st_mode)) {
+        reason = NotAFile(info.st_mode);
+    } else {
+        const int flags = fcntl(fd, F_GETFL);
+        stream.file_ =
+            flags >= 0 && fcntl(fd, F_SETFL, flags & ~O_NONBLOCK) == 0 ? fdopen(fd, "rb") : nullptr;
+        if (stream.file_) {
+            return true;
+        }
+        reason = std::strerror(errno);
+    }
+    const std::string text = reason;
+    close(fd);
+    return Refuse(why, text);
+}
+
+bool OpenBinReader(FileStream& stream, const DualString& path, std::string* why) {
+    if (path.Utf16().size() > kPathLimit) {
+        CloseBinStream(stream);
+        return Refuse(why, PathLimitMessage());
+    }
+    return OpenRegularFile(stream, path, why);
 }
 
 bool CloseBinStream(FileStream& stream) {

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <string>
 #include <vector>
 
 #include "base/dual_string.h"
@@ -40,11 +41,14 @@ public:
     std::int64_t Tell() override;
 
     bool IsOpen() const { return file_ != nullptr; }
+    // The size of the open file in bytes, -1 when it can't be told.
+    std::int64_t Size() const;
     // Flushes to the disk; false when the data may not have reached it.
     bool Sync();
 
 private:
     friend bool OpenBinStream(FileStream&, const DualString&, int);
+    friend bool OpenRegularFile(FileStream&, const DualString&, std::string*);
     friend bool CloseBinStream(FileStream&);
     std::FILE* file_ = nullptr;
 };
@@ -70,8 +74,19 @@ private:
 // writing and creates it when missing, mode 2 opens it for reading only. False when it can't be opened.
 bool OpenBinStream(FileStream& stream, const DualString& path, int mode);
 
-// Opens `path` for reading only, refusing paths of more than 2048 UTF-16 units.
-bool OpenBinReader(FileStream& stream, const DualString& path);
+// The longest path a file may be read or written at, in UTF-16 units.
+constexpr std::size_t kPathLimit = 2048;
+
+// The reason a path over kPathLimit is refused.
+std::string PathLimitMessage();
+
+// Opens `path` for reading when it names a regular file: a directory, a pipe or a device is refused
+// without waiting on it. The file is opened once, so what is checked is what is read. On false, `why`
+// (when given) gets the reason in a few words.
+bool OpenRegularFile(FileStream& stream, const DualString& path, std::string* why = nullptr);
+
+// OpenRegularFile, refusing paths of more than kPathLimit UTF-16 units.
+bool OpenBinReader(FileStream& stream, const DualString& path, std::string* why = nullptr);
 
 // Closes the file; false when buffered data could not be written.
 bool CloseBinStream(FileStream& stream);

@@ -9,7 +9,7 @@ SettingsStore& LanguageStore() {
 
 bool LoadLanguageFile(const DualString& path) {
     FileStream stream;
-    if (!OpenBinStream(stream, path, 2)) {
+    if (!OpenRegularFile(stream, path)) {
         return false;
     }
     LanguageStore().Clear();

@@ -16,7 +16,8 @@ SettingsStore& LanguageStore();
 // be opened.
 bool LoadLanguageFile(const DualString& path);
 
-// Called after each successful LoadLanguage, so that menus and controls read their words again.
+// Called after each successful LoadLanguage, so that menus and controls read their words again. A
+// listener removes itself before it goes away.
 ListenerList<>& LanguageListeners();
 
 // Loads the file as LoadLanguageFile does; then stores `name` as "Language" in section "App" of

@@ -1,7 +1,7 @@
 #include "settings/settings_store.h"
 
 #include <algorithm>
-#include <cmath>
+#include <climits>
 #include <cstdio>
 #include <cstdlib>
 
@@ -30,6 +30,12 @@ SettingsValue::Kind KindOf(const std::string& text) {
         }
     }
     return kind;
+}
+
+// The plain text to number conversion, held to the 32-bit range.
+std::int32_t ToInt(const std::string& item) {
+    const long long value = std::strtoll(item.c_str(), nullptr, 10);
+    return static_cast<std::int32_t>(std::clamp<long long>(value, INT32_MIN, INT32_MAX));
 }
 
 std::vector<std::string> SplitNumbers(const std::string& text) {
@@ -87,7 +93,9 @@ bool SettingsStore::GetInt(const std::string& key, std::int32_t& out, std::size_
         out = value->ints[index];
         return true;
     }
-    if (value->kind == SettingsValue::Kind::Float && index < value->floats.size()) {
+    // A float that no integer holds (out of range, or not a number) counts as absent.
+    if (value->kind == SettingsValue::Kind::Float && index < value->floats.size() &&
+        value->floats[index] >= -2147483648.0f && value->floats[index] < 2147483648.0f) {
         out = static_cast<std::int32_t>(value->floats[index]);
         return true;
     }
@@ -134,7 +142,9 @@ std::vector<std::int32_t> SettingsStore::GetInts(const std::string& key) const {
     return value->ints;
 }
 
-bool SettingsStore::Exists(const std::string& key) const { return Find(key) != nullptr; }
+bool SettingsStore::Exists(const std::string& key) const {
+    return Find(key) != nullptr;
+}
 
 void SettingsStore::SetInt(const std::string& key, std::int32_t value) {
     Put(key, SettingsValue::Kind::Int).ints = {value};
@@ -162,8 +172,22 @@ void SettingsStore::Clear() {
 }
 
 void SettingsStore::Load(BinReader& stream) {
-    std::string line;
-    while (settings_text::ReadLine(stream, line)) {
+    // The text is read whole and split in memory.
+    const std::int64_t start = stream.Tell();
+    if (start < 0 || !stream.Seek(0, kSeekEnd)) {
+        return;
+    }
+    const std::int64_t end = stream.Tell();
+    if (end < start || end - start > kFileLimit || !stream.Seek(start, kSeekStart)) {
+        return;
+    }
+    std::string text(static_cast<std::size_t>(end - start), '\0');
+    if (!stream.Read(text.size(), text.data())) {
+        return;
+    }
+    std::size_t pos = 0;
+    std::string_view line;
+    while (settings_text::NextLine(text, pos, line)) {
         settings_text::ParseLine(*this, line);
     }
 }
@@ -198,31 +222,27 @@ bool SettingsStore::Save(BinStream& stream) const {
 
 namespace settings_text {
 
-bool ReadLine(BinReader& stream, std::string& line) {
-    line.clear();
-    char c;
-    bool any = false;
-    while (stream.Read(1, &c)) {
-        any = true;
-        if (c == '\r' || c == '\n') {
-            // The other end character of a pair belongs to this line's end; anything else is put back.
-            char next;
-            if (stream.Read(1, &next) && !(next != c && (next == '\r' || next == '\n'))) {
-                stream.Seek(-1, kSeekCurrent);
-            }
-            return true;
-        }
-        line += c;
+bool NextLine(std::string_view text, std::size_t& pos, std::string_view& line) {
+    if (pos >= text.size()) {
+        return false;
     }
-    return any;
+    const std::size_t end = std::min(text.find_first_of("\r\n", pos), text.size());
+    line = text.substr(pos, end - pos);
+    pos = end + 1;
+    // The other end character of a pair belongs to this line's end.
+    if (end < text.size() && pos < text.size() && text[pos] != text[end] &&
+        (text[pos] == '\r' || text[pos] == '\n')) {
+        ++pos;
+    }
+    return true;
 }
 
-LineKind ParseLine(SettingsStore& store, const std::string& raw) {
+LineKind ParseLine(SettingsStore& store, std::string_view raw) {
     const std::size_t first = raw.find_first_not_of(kBlanks);
     if (first == std::string::npos) {
         return kIgnored;
     }
-    const std::string line = raw.substr(first);
+    const std::string line(raw.substr(first));
     if (line[0] == '#' || line[0] == ';') {
         return kComment;
     }
@@ -243,7 +263,7 @@ LineKind ParseLine(SettingsStore& store, const std::string& raw) {
     switch (value.kind) {
         case SettingsValue::Kind::Int:
             for (const std::string& item : SplitNumbers(text)) {
-                value.ints.push_back(static_cast<std::int32_t>(std::strtol(item.c_str(), nullptr, 10)));
+                value.ints.push_back(ToInt(item));
             }
             store.Set(key, std::move(value));
             return kInts;
@@ -296,20 +316,9 @@ std::vector<std::string> SplitStrings(const std::string& text) {
 }
 
 std::string FormatFloat(float value) {
-    char buffer[64];
-    std::snprintf(buffer, sizeof buffer, "%.6g", value);
-    std::string text = buffer;
-    if (text.find('e') != std::string::npos) {
-        // Exponent forms would read back as strings: write the same six digits in fixed notation.
-        const int exponent = static_cast<int>(std::floor(std::log10(std::fabs(value))));
-        const int decimals = std::clamp(5 - exponent, 1, 45);
-        std::snprintf(buffer, sizeof buffer, "%.*f", decimals, value);
-        text = buffer;
-    }
-    if (text.find_first_of(".") == std::string::npos && std::isfinite(value)) {
-        text += ".0";
-    }
-    return text;
+    char buffer[32];
+    std::snprintf(buffer, sizeof buffer, "%g", value);
+    return buffer;
 }
 
 }  // namespace settings_text

@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/dual_string.h"
@@ -34,7 +35,8 @@ public:
     // Makes `section` current, creating it if needed.
     void Select(const std::string& section);
 
-    // Numbers are read across the two numeric kinds; false when the key or the index is absent.
+    // Numbers are read across the two numeric kinds; false when the key or the index is absent, or the
+    // value is of another kind.
     bool GetInt(const std::string& key, std::int32_t& out, std::size_t index = 0) const;
     bool GetFloat(const std::string& key, float& out, std::size_t index = 0) const;
     // The first string of the key, or `fallback` when it has none.
@@ -50,7 +52,10 @@ public:
     void SetStrings(const std::string& key, const std::vector<DualString>& values);
     void Set(const std::string& key, SettingsValue value);
 
-    // Adds what the stream holds to the store; a later duplicate key wins.
+    // No settings, language or theme file is larger; a bigger one is not read.
+    static constexpr std::int64_t kFileLimit = std::int64_t{64} << 20;
+
+    // Adds what the stream holds from its position on to the store; a later duplicate key wins.
     void Load(BinReader& stream);
     bool Save(BinStream& stream) const;
     void Clear();
@@ -68,19 +73,20 @@ private:
 // The pieces of the text format, exposed for the reader and its tests.
 namespace settings_text {
 
-// Reads one line without its end (CR, LF, CRLF or LFCR); false at the end of the stream with nothing read.
-bool ReadLine(BinReader& stream, std::string& line);
+// Takes the line that starts at `pos` without its end (CR, LF, CRLF or LFCR) and moves `pos` past the
+// end; false when nothing is left.
+bool NextLine(std::string_view text, std::size_t& pos, std::string_view& line);
 
 // Result of parsing one line.
 enum LineKind { kIgnored = 0, kSection = 1, kComment = 2, kInts = 3, kFloats = 4, kStrings = 5 };
 
 // Parses one line into the store (a section header selects the section); answers what the line was.
-LineKind ParseLine(SettingsStore& store, const std::string& line);
+LineKind ParseLine(SettingsStore& store, std::string_view line);
 
 // Splits a value text into items: quoted items may hold commas, bare items end at a comma.
 std::vector<std::string> SplitStrings(const std::string& text);
 
-// A float with six significant digits that reads back as a float.
+// A float with six significant digits, as printf's %g writes it: 2, 0.333333, 1e-07.
 std::string FormatFloat(float value);
 
 }  // namespace settings_text

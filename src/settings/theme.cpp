@@ -1,14 +1,40 @@
 #include "settings/theme.h"
 
+#include <chrono>
+#include <cstdint>
 #include <filesystem>
 #include <system_error>
 
 #include "settings/bin_stream.h"
+#include "settings/folders.h"
 #include "settings/path_info.h"
 
 namespace aurel {
 
 namespace {
+
+// What RefreshTheme compares: nanosecond modification time and size in bytes, both 0 for a file that can't
+// be found.
+struct FileStamp {
+    std::int64_t time = 0;
+    std::uintmax_t size = 0;
+
+    bool operator==(const FileStamp&) const = default;
+};
+
+FileStamp StampOf(const DualString& path) {
+    const std::filesystem::path file(path.Utf8());
+    std::error_code error;
+    const auto time = std::filesystem::last_write_time(file, error);
+    if (error) {
+        return {};
+    }
+    const std::uintmax_t size = std::filesystem::file_size(file, error);
+    if (error) {
+        return {};
+    }
+    return {std::chrono::duration_cast<std::chrono::nanoseconds>(time.time_since_epoch()).count(), size};
+}
 
 struct LoadedTheme {
     SettingsStore store;
@@ -40,20 +66,6 @@ ListenerList<>& ThemeListeners() {
 
 const DualString& LoadedThemePath() {
     return Loaded().path;
-}
-
-FileStamp StampOf(const DualString& path) {
-    const std::filesystem::path file(path.Utf8());
-    std::error_code error;
-    const auto time = std::filesystem::last_write_time(file, error);
-    if (error) {
-        return {};
-    }
-    const std::uintmax_t size = std::filesystem::file_size(file, error);
-    if (error) {
-        return {};
-    }
-    return {std::chrono::duration_cast<std::chrono::nanoseconds>(time.time_since_epoch()).count(), size};
 }
 
 bool LoadTheme(const DualString& path, const std::string& name, SettingsStore& settings) {
@@ -91,10 +103,10 @@ DualString ThemeIconPath(const std::string& icon, double pixelRatio) {
         const bool hasExtension = dot != std::string::npos && (slash == std::string::npos || dot > slash);
         file.insert(hasExtension ? dot : file.size(), "@2x");
     }
-    if (Loaded().path.empty()) {
-        return DualString(file);
-    }
-    return DualString(PathInfo(Loaded().path).Folder(true).Utf8() + file);
+    const DualString& theme = Loaded().path;
+    const std::string folder =
+        theme.empty() ? ProgramFolder() + "Themes/" : PathInfo(theme).Folder(true).Utf8();
+    return DualString(folder + file);
 }
 
 }  // namespace aurel

@@ -88,11 +88,11 @@ CommandTexMove::CommandTexMove(WirrelDoc& document, SelectionTracker& selection,
     : WirrelCommand("Modify Texture"),
       before_(document.Wirrel().textures),
       document_(document),
-      selection_(selection),
       start_(start),
       grip_(grip),
       offsetX_(offsetX),
-      offsetY_(offsetY) {
+      offsetY_(offsetY),
+      texture_(selection.currentItem) {
     Redo();
 }
 
@@ -173,9 +173,8 @@ WirrelTexture CommandTexMove::Moved(TexRect start, int grip, int dx, int dy, int
 
 void CommandTexMove::Redo() {
     auto& textures = document_.Wirrel().textures;
-    const int index = selection_.currentItem;
-    if (index >= 0 && index < static_cast<int>(textures.size())) {
-        WirrelTexture& texture = textures[index];
+    if (texture_ >= 0 && texture_ < static_cast<int>(textures.size())) {
+        WirrelTexture& texture = textures[texture_];
         const auto image = document_.Image(texture.imageIndex);
         const int width = image ? image->surface.Width() : 0;
         const int height = image ? image->surface.Height() : 0;
@@ -188,7 +187,7 @@ void CommandTexMove::Redo() {
 
 void CommandTexMove::Undo() {
     document_.Wirrel().textures = before_;
-    UpdateTextureMarks(document_, selection_.currentItem);
+    UpdateTextureMarks(document_, texture_);
     document_.onChanged.Call();
 }
 
@@ -203,7 +202,7 @@ bool CommandTexMove::Merge(ICommand& next) {
 }
 
 void CommandTexMove::OnFreeze() {
-    UpdateTextureMarks(document_, selection_.currentItem);
+    UpdateTextureMarks(document_, texture_);
 }
 
 CommandTexDelete::CommandTexDelete(WirrelDoc& document, SelectionTracker& selection)
@@ -253,17 +252,16 @@ CommandTexProperty::CommandTexProperty(WirrelDoc& document, SelectionTracker& se
     : WirrelCommand(text.Utf8()),
       before_(document.Wirrel().textures),
       document_(document),
-      selection_(selection),
       kind_(kind),
-      record_(record) {
+      record_(record),
+      texture_(selection.currentItem) {
     Redo();
 }
 
 void CommandTexProperty::Redo() {
     auto& textures = document_.Wirrel().textures;
-    const int index = selection_.currentItem;
-    if (index >= 0 && index < static_cast<int>(textures.size())) {
-        textures[index] = record_;
+    if (texture_ >= 0 && texture_ < static_cast<int>(textures.size())) {
+        textures[texture_] = record_;
     }
     document_.onChanged.Call();
 }

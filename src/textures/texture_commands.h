@@ -69,7 +69,8 @@ private:
 };
 
 // Drags a grip of the current texture by a total offset from the drag's starting rectangle, kept inside
-// the image; an edge dragged past the opposite one flips the rectangle.
+// the image; an edge dragged past the opposite one flips the rectangle. The texture is the one current
+// when the command was made, so that a redo after other selections changes the same one.
 class CommandTexMove : public WirrelCommand {
 public:
     CommandTexMove(WirrelDoc& document, SelectionTracker& selection, TexRect start, int grip, float offsetX,
@@ -86,11 +87,11 @@ public:
 private:
     std::vector<WirrelTexture> before_;
     WirrelDoc& document_;
-    SelectionTracker& selection_;
     TexRect start_;
     int grip_;
     float offsetX_;
     float offsetY_;
+    int texture_;
 };
 
 // Deletes the selected textures with the skins that use them; the texture that then stands at the
@@ -109,7 +110,8 @@ private:
     WirrelDoc& document_;
 };
 
-// Writes a whole record over the current texture; edits of one kind in a row make one step.
+// Writes a whole record over the current texture (the one current when the command was made); edits of
+// one kind in a row make one step.
 class CommandTexProperty : public WirrelCommand {
 public:
     CommandTexProperty(WirrelDoc& document, SelectionTracker& selection, int kind, aurel::DualString text,
@@ -122,9 +124,9 @@ public:
 private:
     std::vector<WirrelTexture> before_;
     WirrelDoc& document_;
-    SelectionTracker& selection_;
     int kind_;
     WirrelTexture record_;
+    int texture_;
 };
 
 // Replaces the textures of the current image by the regions detection finds. The caller drops it when

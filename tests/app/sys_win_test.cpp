@@ -1,8 +1,10 @@
 #include "app/sys_win.h"
 
+#include <gtest/gtest.h>
+#include <QGuiApplication>
+#include <QScreen>
 #include <QTimer>
 #include <QWidget>
-#include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <fstream>
@@ -21,9 +23,8 @@ public:
     void Shutdown() override {}
     void Update() override {
         ++updates;
-        QTimer::singleShot(0, [] {
-            static_cast<QWidget*>(kestrel2::win::GlobalMainWindow()->NativeWidget())->close();
-        });
+        QTimer::singleShot(
+            0, [] { static_cast<QWidget*>(kestrel2::win::GlobalMainWindow()->NativeWidget())->close(); });
     }
     int updates = 0;
 };
@@ -71,8 +72,8 @@ TEST_F(SysWinTest, FirstStartIsMaximisedAt800By670AndWritesTheSettingsFile) {
 
 TEST_F(SysWinTest, ClosingMaximisedKeepsTheRestoredRectangle) {
     std::filesystem::create_directories(dir.Path() / "Kovra");
-    std::ofstream(dir.File("Kovra/laststate.cfg"))
-        << "[App]\nDefaultX = 40\nDefaultY = 30\nDefaultWidth = 640\nDefaultHeight = 400\nDefaultFullscreen = 1\n";
+    std::ofstream(dir.File("Kovra/laststate.cfg")) << "[App]\nDefaultX = 40\nDefaultY = 30\nDefaultWidth = "
+                                                      "640\nDefaultHeight = 400\nDefaultFullscreen = 1\n";
     const aurel::SettingsStore written = RunUntilClosed();
     EXPECT_EQ(Int(written, "DefaultWidth"), 640);
     EXPECT_EQ(Int(written, "DefaultHeight"), 400);
@@ -83,10 +84,46 @@ TEST_F(SysWinTest, ClosingMaximisedKeepsTheRestoredRectangle) {
 
 TEST_F(SysWinTest, ARestoredWindowReopensAsItWas) {
     std::filesystem::create_directories(dir.Path() / "Kovra");
-    std::ofstream(dir.File("Kovra/laststate.cfg"))
-        << "[App]\nDefaultX = 10\nDefaultY = 20\nDefaultWidth = 500\nDefaultHeight = 300\nDefaultFullscreen = 0\n";
+    std::ofstream(dir.File("Kovra/laststate.cfg")) << "[App]\nDefaultX = 10\nDefaultY = 20\nDefaultWidth = "
+                                                      "500\nDefaultHeight = 300\nDefaultFullscreen = 0\n";
     const aurel::SettingsStore written = RunUntilClosed();
     EXPECT_EQ(Int(written, "DefaultWidth"), 500);
     EXPECT_EQ(Int(written, "DefaultHeight"), 300);
     EXPECT_EQ(Int(written, "DefaultFullscreen"), 0);
+}
+
+TEST(ClampToArea, TheRestoredRectangleFitsTheScreen) {
+    constexpr std::int32_t kFree = aurel::SysWinConfig::kDefaultPosition;
+    const aurel::ScreenArea area{100, 20, 1000, 700};
+    struct Case {
+        aurel::SysWinConfig read;
+        std::int32_t x, y, width, height;
+    };
+    for (const Case& c : {
+             Case{{.x = 150, .y = 40, .width = 640, .height = 400}, 150, 40, 640, 400},
+             Case{{.x = 2147483647, .y = -5, .width = 2147483647, .height = 400}, 100, 20, 1000, 400},
+             Case{{.x = 900, .y = 600, .width = 300, .height = 200}, 800, 520, 300, 200},
+             Case{{.x = kFree, .y = kFree, .width = 0, .height = -7}, kFree, kFree, 800, 670},
+             Case{{.x = -2147483647, .y = 0, .width = 1, .height = 2000}, 100, 20, 1, 700},
+         }) {
+        aurel::SysWinConfig config = c.read;
+        aurel::ClampToArea(config, area);
+        EXPECT_EQ(std::vector<std::int32_t>({config.x, config.y, config.width, config.height}),
+                  std::vector<std::int32_t>({c.x, c.y, c.width, c.height}));
+    }
+    aurel::SysWinConfig config{.width = 5000};
+    aurel::ClampToArea(config, aurel::ScreenArea{});
+    EXPECT_EQ(config.width, 5000);
+}
+
+TEST_F(SysWinTest, AbsurdSettingsComeBackWithinTheScreenAndWrongKindsAsDefaults) {
+    std::filesystem::create_directories(dir.Path() / "Kovra");
+    std::ofstream(dir.File("Kovra/laststate.cfg"))
+        << "[App]\nDefaultX = \"left\"\nDefaultY = 99999999999\nDefaultWidth = 2147483647\n"
+           "DefaultHeight = 1e9\nDefaultFullscreen = 0\n";
+    const aurel::SettingsStore written = RunUntilClosed();
+    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+    EXPECT_EQ(Int(written, "DefaultWidth"), area.width());
+    EXPECT_EQ(Int(written, "DefaultHeight"), std::min(670, area.height()));
+    EXPECT_LE(Int(written, "DefaultY") + Int(written, "DefaultHeight"), area.y() + area.height());
 }

@@ -1,3 +1,4 @@
+#include <sys/stat.h>
 #include <sys/wait.h>
 
 #include <gtest/gtest.h>
@@ -154,16 +155,22 @@ TEST_F(CliTest, IkDragsThePinWithTheLocksHeld) {
 TEST_F(CliTest, FailuresSayWhyInOneLine) {
     const std::string whole = Contents("a/doc.ske");
     std::ofstream(dir.File("cut.ske"), std::ios::binary) << whole.substr(0, whole.size() - 1);
+    ASSERT_EQ(mkfifo(dir.File("pipe.ske").c_str(), 0600), 0);
+    std::filesystem::create_directories(dir.Path() / std::string(250, 'd'));
+    const std::string newOverlong = "new " + std::string(250, 'd') + "/" + std::string(2049, 'f');
     struct Case {
         const char* arguments;
         int code;
         const char* says;
     };
     for (const Case& c :
-         {Case{"check missing.ske", 1, "cannot open missing.ske"},
+         {Case{"check missing.ske", 1, "cannot open missing.ske: No such file or directory"},
+          Case{"check a", 1, "cannot open a: it is a folder, not a file"},
+          Case{"dump pipe.ske", 1, "cannot open pipe.ske: it is a named pipe, not a file"},
           Case{"dump cut.ske", 1, "cut.ske is not a readable Kovra document"},
           Case{"resave cut.ske out.ske", 1, "not a readable"},
-          Case{"new no/such/folder/x.ske", 1, "cannot write no/such/folder/x.ske"},
+          Case{"new no/such/folder/x.ske", 1, "cannot write no/such/folder/x.ske: No such file or directory"},
+          Case{newOverlong.c_str(), 1, "longer than the 2048 characters a path may have"},
           Case{"resave a/doc.ske no/x.ske", 1, "cannot write no/x.ske"},
           Case{"pose a/doc.ske run 0", 1, "no animation named \"run\""},
           Case{"pose a/doc.ske walk 2", 1, "not within the 2 key frames of \"walk\""},

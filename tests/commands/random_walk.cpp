@@ -6,13 +6,20 @@
 #include <utility>
 #include <vector>
 
+#include "anim/skin_grips.h"
 #include "commands/anim_commands.h"
+#include "commands/bg_commands.h"
 #include "commands/command_stack.h"
+#include "commands/editor_commands.h"
 #include "commands/frame_commands.h"
 #include "commands/pin_commands.h"
 #include "commands/repeat.h"
+#include "commands/skin_commands.h"
 #include "doc/wirrel_writer.h"
 #include "doc_state.h"
+#include "textures/pack_command.h"
+#include "textures/pack_trial.h"
+#include "textures/texture_commands.h"
 
 namespace kovra::test {
 namespace {
@@ -22,13 +29,26 @@ using std::make_shared;
 // The walk answers every question safely.
 class Walk : public aurel::SilentPrompt {
 public:
-    explicit Walk(std::uint32_t seed) : rng_(seed) {}
+    // Skins also have a wide and a tall texture to choose from, after those cut from the sheets.
+    explicit Walk(std::uint32_t seed) : rng_(seed) {
+        AddSheets();
+        doc_.Wirrel().textures.push_back({.imageIndex = 0, .width = 48, .height = 20});
+        doc_.Wirrel().textures.push_back({.imageIndex = 0, .width = 16, .height = 40});
+    }
 
     // What is compared: the document as its writer saves it, and where playback stands.
     auto Save() const {
         WirrelEditorData editor;
+        editor.backgroundAlpha = doc_.background.alpha;
+        editor.backgroundOffsetX = doc_.background.offsetX;
+        editor.backgroundOffsetY = doc_.background.offsetY;
+        editor.backgroundScale = doc_.background.scale;
         editor.snapFrames = doc_.snapFrames;
-        return std::make_pair(WriteWirrel(doc_.Wirrel(), {}, editor), CursorOf(doc_.cursor));
+        std::vector<WirrelImageRecord> images;
+        for (std::size_t i = 0; i < doc_.images.size(); ++i) {
+            images.push_back({doc_.images[i]->path, static_cast<std::int32_t>(i), doc_.images[i]->colorKey});
+        }
+        return std::make_pair(WriteWirrel(doc_.Wirrel(), images, editor), CursorOf(doc_.cursor));
     }
 
     // The whole history undone, or redone.
@@ -41,7 +61,11 @@ public:
 
     // One gesture; false when the current frame's pose is no longer a tree.
     bool Step() {
-        const int choice = Pick(0, 99);
+        if (Pick(0, 9) == 0) {
+            TextureStep();
+            return IsTree(Pins());
+        }
+        const int choice = Pick(0, 129);
         const int anims = static_cast<int>(doc_.Wirrel().anims.size());
         if (choice < 12 || (Pins().empty() && choice < 60)) {
             const int parent = Pins().empty() || Pick(0, 3) == 0 ? -1 : AnyPin();
@@ -82,8 +106,12 @@ public:
             Add(make_shared<CommandAnimSel>(doc_, selection_, hub_, Pick(0, anims - 1)));
         } else if (choice < 96) {
             RepeatTop();
-        } else {
+        } else if (choice < 100) {
             UndoAFew();
+        } else if (choice < 120) {
+            SkinStep(choice);
+        } else {
+            EditorStep(choice);
         }
         return IsTree(Pins());
     }
@@ -158,6 +186,100 @@ private:
         }
     }
 
+    // A skin of a random texture, or none, on a pin; then a drag of one of its grips.
+    void SkinStep(int choice) {
+        if (Pins().empty()) {
+            return;
+        }
+        if (choice < 104) {
+            Add(make_shared<CommandSkinSet>(doc_, selection_, AnyPin(), Pick(-1, Textures() - 1)));
+            return;
+        }
+        if (choice < 106) {
+            const int pin = AnyPin();
+            const WirrelSkin skin{
+                .texture = Pick(-1, Textures() - 1), .scaleX = PickFloat(-2, 2), .angle = PickFloat(-4, 4)};
+            Add(make_shared<CommandSkinProperty>(doc_, "Skin", 200 + Pick(0, 1), pin, skin));
+            return;
+        }
+        const int kind = choice < 109   ? kKindSkinRotate
+                         : choice < 112 ? kKindSkinScale
+                         : choice < 116 ? kKindSkinOffset
+                                        : kKindSkinPin;
+        const int hot = SelectSome();
+        const int part = kind == kKindSkinRotate   ? Pick(kGripRotate0, kGripRotate2)
+                         : kind == kKindSkinScale  ? Pick(kGripScaleTop, kGripScaleLeft)
+                         : kind == kKindSkinOffset ? Pick(kGripBone, kGripBody)
+                                                   : Pick(0, kGripParent);
+        selection_.SetCurrent(hot, part);
+        selection_.SetHot(hot, part);
+        Refresh();
+        const SkinGrip& grip = grips_[hot * kGripsPerPin + part];
+        const Vec2 anchor = kind == kKindSkinPin ? Vec2{view_.pinPixels[hot].x, view_.pinPixels[hot].y}
+                                                 : Vec2{grip.x, grip.y};
+        const Vec2 press{grip.x, grip.y};
+        Vec2 mouse = press;
+        const bool flag = Pick(0, 1) == 0;
+        for (int move = Pick(1, 12); move > 0; --move) {
+            const float dx = PickFloat(-8, 8);
+            const float dy = PickFloat(-8, 8);
+            mouse = {mouse.x + dx, mouse.y + dy};
+            const SkinDrag drag{anchor, press, mouse};
+            if (kind == kKindSkinRotate) {
+                Add(make_shared<CommandSkinRotate>(drag, grips_, doc_, selection_));
+            } else if (kind == kKindSkinScale) {
+                Add(make_shared<CommandSkinScale>(drag, grips_, doc_, selection_, flag));
+            } else if (kind == kKindSkinOffset) {
+                auto offset = make_shared<CommandSkinOffset>(dx, dy, selection_, doc_, grips_, view_, flag);
+                Add(offset->valid ? offset : nullptr);
+            } else {
+                Add(make_shared<CommandSkinPin>(drag, selection_, doc_, view_, 4.0f, flag));
+            }
+            Refresh();
+        }
+        stack_.FinishDrag(kind, true);
+    }
+
+    // A change of what the editor shows or of the document's settings.
+    void EditorStep(int choice) {
+        if (choice < 122) {
+            Add(make_shared<CommandEditorMode>(hub_, Pick(0, 3)));
+        } else if (choice < 123) {
+            Add(make_shared<CommandEditorModeSkin>(hub_, Pick(0, 2)));
+        } else if (choice < 124) {
+            Add(make_shared<CommandEditorPpu>(doc_, Pick(1, 64)));
+        } else if (choice < 125) {
+            EventDefinitions events = EventDefinitions::Of(doc_.Wirrel());
+            events.names.push_back(MakeName(Name()));
+            events.events.push_back({.name = static_cast<std::uint32_t>(events.names.size() - 1)});
+            events.spans.back() = {static_cast<std::int32_t>(events.events.size() - 1), 1};
+            Add(make_shared<CommandEditorEvents>(doc_, events));
+        } else if (choice < 127) {
+            const int pin = Pins().empty() || Pick(0, 4) == 0 ? -1 : AnyPin();
+            Add(make_shared<CommandSel>(doc_, selection_, "Pin Selection", 13, pin, Pick(0, 4),
+                                        Pick(0, 1) == 0));
+        } else if (choice < 128) {
+            for (int move = Pick(1, 5); move > 0; --move) {
+                BgPlacement placement = BgPlacement::Of(doc_.background);
+                placement.offsetX += PickFloat(-3, 3);
+                placement.alpha = static_cast<std::uint8_t>(Pick(0, 255));
+                Add(make_shared<CommandBgChange>(doc_, "Change Background Offset", 40, placement));
+            }
+            stack_.FinishDrag(40, true);
+        } else if (choice < 129) {
+            Add(make_shared<CommandBgToggle>(doc_));
+        } else {
+            Add(make_shared<CommandBgColor>(hub_,
+                                            static_cast<std::uint32_t>(Pick(0, 0xFFFFFF)) | 0xFF000000u));
+        }
+    }
+
+    // The pose step of the workspace in the build mode.
+    void Refresh() {
+        FillPinPixels(view_, Pins());
+        BuildSkinGrips(doc_.Wirrel(), Pins(), view_, kModeBuild, selection_, 4.0f, grips_);
+    }
+
     // A few steps back, sometimes pressed while playback runs and stops elsewhere.
     void UndoAFew() {
         for (int n = Pick(1, 3); n > 0; --n) {
@@ -170,9 +292,77 @@ private:
         }
     }
 
+    // Two sheets to cut textures from: sprites on transparent pixels, and sprites on a colour key that
+    // nobody converts, since the walk answers no.
+    void AddSheets() {
+        for (std::uint32_t background : {0x00000000u, 0x00FF00FFu}) {
+            auto image =
+                make_shared<WirrelTexImage>(aurel::DualString("/sheets/" + std::to_string(background)));
+            image->surface.Resize(64, 48);
+            image->surface.Clear(background);
+            for (int sprite = 0; sprite < 6; ++sprite) {
+                const int x = Pick(0, 50), y = Pick(0, 36);
+                image->surface.FillRect(x, y, x + Pick(2, 12), y + Pick(2, 10), 0xFF000000u | rng_());
+            }
+            doc_.SetImage(-1, image);
+        }
+    }
+
+    int Images() const { return static_cast<int>(doc_.images.size()); }
+    int Textures() const { return static_cast<int>(doc_.Wirrel().textures.size()); }
+
+    // A gesture of the texture view or the pack dialog.
+    void TextureStep() {
+        const int choice = Pick(0, 11);
+        const int image = Pick(0, Images() - 1);
+        imageSelection_.SetCurrent(image, 1);
+        if (choice < 3 || Textures() == 0) {
+            const int x = Pick(0, 40), y = Pick(0, 30);
+            Add(make_shared<CommandTexCreate>(image, doc_, textureSelection_,
+                                              TexRect{x, y, x + Pick(1, 20), y + Pick(1, 15)}));
+        } else if (choice < 6) {
+            textureSelection_.SetCurrent(Pick(0, Textures() - 1), 0);
+            const WirrelTexture& t = doc_.Wirrel().textures[textureSelection_.currentItem];
+            const TexRect start{t.x, t.y, t.x + t.width, t.y + t.height};
+            const int grip = Pick(0, 9);
+            for (int move = Pick(1, 6); move > 0; --move) {
+                Add(make_shared<CommandTexMove>(doc_, textureSelection_, start, grip, PickFloat(-30, 30),
+                                                PickFloat(-30, 30)));
+            }
+            stack_.FinishDrag(kKindTexMove, true);
+        } else if (choice < 7) {
+            textureSelection_.Clear();
+            textureSelection_.Add(Pick(0, Textures() - 1), true);
+            textureSelection_.Add(Pick(0, Textures() - 1), false);
+            Add(make_shared<CommandTexDelete>(doc_, textureSelection_));
+        } else if (choice < 8) {
+            textureSelection_.SetCurrent(Pick(0, Textures() - 1), 0);
+            const WirrelTexture record{image, Pick(0, 40), Pick(0, 30), Pick(1, 20), Pick(1, 15)};
+            Add(make_shared<CommandTexProperty>(doc_, textureSelection_, 90 + Pick(0, 1), "Texture", record));
+        } else if (choice < 10) {
+            auto detect = make_shared<CommandTexAutoDetect>(doc_, *this, textureSelection_, imageSelection_);
+            Add(detect->succeeded ? detect : nullptr);
+        } else {
+            std::vector<int> checked;
+            for (int i = 0; i < Images(); ++i) {
+                if (Pick(0, 1) == 0) {
+                    checked.push_back(i);
+                }
+            }
+            const int side = 32 << Pick(0, 2);
+            if (RunPackTrial(doc_.Wirrel(), checked, side, side).Stands()) {
+                Add(make_shared<CommandTexPack>(checked, std::vector<aurel::DualString>{"/pages/page.png"},
+                                                imageSelection_, doc_, side, side));
+            }
+        }
+    }
+
     std::mt19937 rng_;
     SelectionTracker selection_;
+    SelectionTracker textureSelection_;
+    SelectionTracker imageSelection_;
     ViewTransform view_ = ViewTransform::OfClient(640, 480);
+    std::vector<SkinGrip> grips_;
     int names_ = 0;
 };
 

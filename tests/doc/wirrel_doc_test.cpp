@@ -4,6 +4,7 @@
 
 #include <signal.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <cmath>
 #include <filesystem>
@@ -324,6 +325,38 @@ TEST_F(WirrelDocFileTest, FilesThatDontLoad) {
     EXPECT_EQ(prompt.asked[0].title.Utf8(), "Format deprecated");
 }
 
+TEST_F(WirrelDocFileTest, OnlyRegularFilesOfADocumentsSizeAreRead) {
+    WirrelDoc doc;
+    ASSERT_TRUE(doc.Save(dir.File("doc.ske"), true, prompt));
+    const std::vector<std::uint8_t> head(Bytes(dir.File("doc.ske")));
+    ASSERT_EQ(mkfifo(dir.File("pipe.ske").c_str(), 0600), 0);
+    // Sparse files: nothing of them is read but their head.
+    const auto sparse = [&](const char* name, std::int64_t size, bool withHead) {
+        std::ofstream(dir.File(name), std::ios::binary)
+            .write(reinterpret_cast<const char*>(head.data()), withHead ? 6 : 0);
+        std::filesystem::resize_file(dir.File(name), static_cast<std::uintmax_t>(size));
+    };
+    sparse("zeros.ske", std::int64_t{1} << 30, false);
+    sparse("huge.ske", std::int64_t{64} << 30, true);
+    sparse("limit.ske", ske::kFileLimit + 1, true);
+    for (const auto& [name, reason] : std::vector<std::pair<std::string, std::string>>{
+             {"missing.ske", "No such file or directory"},
+             {"", "it is a folder, not a file"},
+             {"pipe.ske", "it is a named pipe, not a file"},
+             {"zeros.ske", ""},  // not a document, which the head says at once
+             {"huge.ske", "it is 68719476736 bytes, more than the 1 GiB a document can be"},
+             {"limit.ske", "it is 1073741825 bytes, more than the 1 GiB a document can be"}}) {
+        SCOPED_TRACE(name);
+        std::string why = "unchanged";
+        EXPECT_FALSE(doc.Load(dir.File(name), prompt, records, false, &why));
+        EXPECT_EQ(why, reason.empty() ? "unchanged" : reason);
+    }
+    std::string why;
+    EXPECT_FALSE(doc.Load("/dev/zero", prompt, records, false, &why));
+    EXPECT_EQ(why, "it is a device, not a file");
+    EXPECT_TRUE(doc.Load(dir.File("doc.ske"), prompt, records, false, &why));
+}
+
 TEST_F(WirrelDocFileTest, AFailedSaveLeavesTheEarlierFile) {
     const std::string target = dir.File("doc/x.ske");
     WirrelDoc doc;
@@ -345,9 +378,11 @@ TEST_F(WirrelDocFileTest, AFailedSaveLeavesTheEarlierFile) {
     getrlimit(RLIMIT_FSIZE, &limit);
     const rlimit small{4096, limit.rlim_max};
     setrlimit(RLIMIT_FSIZE, &small);
-    const bool saved = doc.Save(target, true, prompt);
+    std::string why;
+    const bool saved = doc.Save(target, true, prompt, &why);
     setrlimit(RLIMIT_FSIZE, &limit);
     EXPECT_FALSE(saved);
+    EXPECT_EQ(why, "File too large");
     EXPECT_EQ(Bytes(target), earlier);
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.Path() / "doc"), {}),
               1);  // no temporary left

@@ -98,12 +98,19 @@ TEST_F(HostedControl, TheWidgetShowsTheBufferAndFeedsTheInput) {
                       Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(widget, &press);
     EXPECT_EQ(swatch->lastType, kInputButtonDown);
-    EXPECT_EQ(swatch->pressX, 20);
+    // Client pixels are the screen's: twice the layout's when the test runs at a scale of 2.
+    const int ratio = static_cast<int>(widget->devicePixelRatioF());
+    EXPECT_EQ(swatch->PixelRatio(), ratio);
+    EXPECT_EQ(swatch->ClientWidth(), 50 * ratio);
+    EXPECT_EQ(swatch->pressX, 20 * ratio);
+    EXPECT_EQ(swatch->pressY, 30 * ratio);
 
     const QImage shot = widget->grab().toImage();
+    EXPECT_EQ(shot.width(), 50 * ratio);
     EXPECT_EQ(shot.pixel(0, 0), kBack.argb);
-    EXPECT_EQ(shot.pixel(21, 31), kMark.argb);
-    EXPECT_EQ(shot.pixel(22, 32), kBack.argb);
+    EXPECT_EQ(shot.pixel(20 * ratio, 30 * ratio), kMark.argb);
+    EXPECT_EQ(shot.pixel(22 * ratio - 1, 32 * ratio - 1), kMark.argb);
+    EXPECT_EQ(shot.pixel(22 * ratio, 32 * ratio), kBack.argb);
 }
 
 TEST_F(HostedControl, AnchoredChildrenFollowTheNativeWindow) {

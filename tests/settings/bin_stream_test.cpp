@@ -1,24 +1,17 @@
 #include "settings/bin_stream.h"
 
+#include <sys/stat.h>
+
 #include <gtest/gtest.h>
 
 #include <fstream>
 #include <string>
+#include <vector>
 
-#include "settings/atomic_file.h"
 #include "support/temp_dir.h"
 
 using aurel::DualString;
 using aurel::FileStream;
-
-namespace {
-
-std::string Contents(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
-}  // namespace
 
 TEST(BinStream, OpenModes) {
     kovra::test::TempDir dir;
@@ -49,30 +42,25 @@ TEST(BinStream, OpenModes) {
     EXPECT_FALSE(stream.Write(1, "x"));  // read only
 }
 
-TEST(BinStream, ReaderRefusesOverlongPaths) {
+TEST(BinStream, ReaderOpensOnlyRegularFilesOnce) {
     kovra::test::TempDir dir;
     FileStream stream;
-    std::string path = dir.File("r.bin");
-    std::ofstream(path) << "x";
-    EXPECT_TRUE(OpenBinReader(stream, path));
-    EXPECT_FALSE(OpenBinReader(stream, std::string(2049, 'a')));
-    EXPECT_FALSE(stream.IsOpen());
-}
-
-TEST(AtomicFile, FailureLeavesTheEarlierFileUntouched) {
-    kovra::test::TempDir dir;
-    const std::string path = dir.File("doc.txt");
-    ASSERT_TRUE(aurel::WriteFileAtomically(path, [](aurel::BinStream& s) { return s.Write(3, "old"); }));
-    EXPECT_EQ(Contents(path), "old");
-
-    EXPECT_FALSE(aurel::WriteFileAtomically(path, [](aurel::BinStream& s) {
-        s.Write(3, "new");
-        return false;  // the writer gave up half way
-    }));
-    EXPECT_EQ(Contents(path), "old");
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.Path()), {}), 1);  // no temporary left
-
-    EXPECT_FALSE(aurel::WriteFileAtomically(dir.File("missing/doc.txt"), [](aurel::BinStream&) { return true; }));
-    ASSERT_TRUE(aurel::WriteFileAtomically(path, [](aurel::BinStream& s) { return s.Write(3, "new"); }));
-    EXPECT_EQ(Contents(path), "new");
+    const std::string path = dir.File("r.bin");
+    std::ofstream(path) << "xyz";
+    std::string why;
+    ASSERT_TRUE(OpenBinReader(stream, path, &why));
+    EXPECT_EQ(stream.Size(), 3);
+    ASSERT_EQ(mkfifo(dir.File("pipe").c_str(), 0600), 0);
+    // Reading a pipe without a writer would wait forever; it is refused at once.
+    for (const auto& [refused, reason] : std::vector<std::pair<std::string, std::string>>{
+             {dir.File("missing"), "No such file or directory"},
+             {dir.Path().string(), "it is a folder, not a file"},
+             {dir.File("pipe"), "it is a named pipe, not a file"},
+             {"/dev/null", "it is a device, not a file"},
+             {std::string(2049, 'a'), "the path is longer than the 2048 characters a path may have"}}) {
+        SCOPED_TRACE(refused);
+        EXPECT_FALSE(OpenBinReader(stream, refused, &why));
+        EXPECT_EQ(why, reason);
+        EXPECT_FALSE(stream.IsOpen());
+    }
 }

@@ -52,3 +52,18 @@ TEST(Lang, LoadLanguageRelabelsAndRemembersTheChoice) {
     EXPECT_EQ(settings.GetString("Language", "").Utf8(), "Deutsch");
     aurel::LanguageListeners().Remove(&counter, &Counter::Count);
 }
+
+// Every word of the shipped English file is one whole string: a stray quote or a missing one would split
+// it at a comma or cut it short.
+TEST(Lang, EveryShippedEnglishWordIsOneString) {
+    ASSERT_TRUE(aurel::LoadLanguageFile(KOVRA_DATA "/Lang/English.txt"));
+    aurel::SettingsStore& store = aurel::LanguageStore();
+    const auto sections = store.Sections();
+    EXPECT_EQ(sections.size(), 10u);
+    for (const auto& [section, keys] : sections) {
+        for (const auto& [key, value] : keys) {
+            EXPECT_EQ(value.kind, aurel::SettingsValue::Kind::String) << section << " " << key;
+            EXPECT_EQ(value.strings.size(), 1u) << section << " " << key;
+        }
+    }
+}

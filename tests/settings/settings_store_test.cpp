@@ -12,14 +12,16 @@ using aurel::SettingsValue;
 
 namespace {
 
-MemoryStream StreamOf(const std::string& text) { return MemoryStream({text.begin(), text.end()}); }
+MemoryStream StreamOf(const std::string& text) {
+    return MemoryStream({text.begin(), text.end()});
+}
 
 std::vector<std::string> Lines(const std::string& text) {
-    MemoryStream stream = StreamOf(text);
     std::vector<std::string> lines;
-    std::string line;
-    while (aurel::settings_text::ReadLine(stream, line)) {
-        lines.push_back(line);
+    std::size_t pos = 0;
+    std::string_view line;
+    while (aurel::settings_text::NextLine(text, pos, line)) {
+        lines.emplace_back(line);
     }
     return lines;
 }
@@ -147,20 +149,52 @@ TEST(SettingsWriter, WritesTheExactTextAndReadsItBack) {
               "\r\n"
               "[B]\r\n"
               "Pair = -1, 2\r\n"
-              "Scale = 1.0\r\n"
+              "Scale = 1\r\n"
               "Third = 0.333333\r\n"
-              "Tiny = 0.0000123400\r\n"
+              "Tiny = 1.234e-05\r\n"
               "Width = 800\r\n");
 
+    // Read back, a float without a point is an integer and one with an exponent a string.
     MemoryStream in(out.Bytes());
     SettingsStore again;
     again.Load(in);
     EXPECT_EQ(again.Sections().size(), 2u);
-    MemoryStream secondOut;
-    ASSERT_TRUE(again.Save(secondOut));
-    EXPECT_EQ(secondOut.Bytes(), out.Bytes());
     again.Select("B");
     float scale = 0;
     EXPECT_TRUE(again.GetFloat("Scale", scale));
-    EXPECT_EQ(again.Sections().at("B").at("Scale").kind, SettingsValue::Kind::Float);
+    EXPECT_EQ(scale, 1.0f);
+    EXPECT_FALSE(again.GetFloat("Tiny", scale));
+    EXPECT_EQ(again.Sections().at("B").at("Third").floats, std::vector<float>{0.333333f});
+
+    for (const auto& [value, text] : std::vector<std::pair<float, std::string>>{{2.0f, "2"},
+                                                                                {1e-07f, "1e-07"},
+                                                                                {-1234567.0f, "-1.23457e+06"},
+                                                                                {0.5f, "0.5"},
+                                                                                {100000.0f, "100000"}}) {
+        EXPECT_EQ(aurel::settings_text::FormatFloat(value), text);
+    }
+}
+
+TEST(SettingsStore, NumbersOutsideTheirRangeAreHeldOrRefused) {
+    SettingsStore store;
+    store.Select("A");
+    aurel::settings_text::ParseLine(store, "big = 99999999999, -99999999999, 2147483647");
+    EXPECT_EQ(store.GetInts("big"), (std::vector<std::int32_t>{2147483647, -2147483647 - 1, 2147483647}));
+    aurel::settings_text::ParseLine(store, "far = 3000000000.0, -2147483648.0");
+    std::int32_t i = 0;
+    EXPECT_FALSE(store.GetInt("far", i));
+    EXPECT_TRUE(store.GetInt("far", i, 1));
+    EXPECT_EQ(i, -2147483647 - 1);
+}
+
+TEST(SettingsStore, LoadsFromWhereTheStreamStandsWithEveryKindOfLineEnd) {
+    const std::string text = "skipped\n[A]\r\n\n\n\r\rx = 1\n\ry = \"two\"";
+    MemoryStream stream = StreamOf(text);
+    ASSERT_TRUE(stream.Seek(8, aurel::kSeekStart));
+    SettingsStore store;
+    store.Load(stream);
+    EXPECT_EQ(store.Sections().size(), 1u);
+    store.Select("A");
+    EXPECT_EQ(store.GetInts("x"), std::vector<std::int32_t>{1});
+    EXPECT_EQ(store.GetString("y", "").Utf8(), "two");
 }

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -282,6 +284,59 @@ TEST(Detection, LongSerpentineNeedsNoRecursion) {
     std::vector<TexRegion> regions;
     DetectRegions(regions, *image, prompt, keyChoice, images, 0);
     EXPECT_EQ(regions, (std::vector<TexRegion>{{1, 0, 0, 600, 600}}));
+}
+
+// Random sheets against a plain breadth-first labelling of 8-connected pixels in scan order.
+TEST(Detection, LabelsAreTheEightConnectedRegionsInScanOrder) {
+    std::mt19937 rng(5);
+    for (int sheet = 0; sheet < 30; ++sheet) {
+        const int width = 8 + static_cast<int>(rng() % 40);
+        const int height = 8 + static_cast<int>(rng() % 40);
+        const unsigned density = 30 + rng() % 40;
+        std::vector<std::string> rows(height, std::string(width, '.'));
+        for (auto& row : rows) {
+            for (char& c : row) {
+                c = rng() % 100 < density ? '#' : '.';
+            }
+        }
+        std::vector<std::uint32_t> labels(static_cast<std::size_t>(width) * height, 0);
+        std::vector<TexRegion> expected;
+        for (int y = 0; y < height; ++y) {
+            for (int x = 0; x < width; ++x) {
+                if (rows[y][x] != '#' || labels[y * width + x] != 0) {
+                    continue;
+                }
+                const auto label = static_cast<std::uint32_t>(expected.size() + 1);
+                TexRegion box{static_cast<std::int32_t>(label), x, y, x + 1, y + 1};
+                std::vector<std::pair<int, int>> open{{x, y}};
+                labels[y * width + x] = label;
+                while (!open.empty()) {
+                    const auto [px, py] = open.back();
+                    open.pop_back();
+                    box = {box.label, std::min(box.left, px), std::min(box.top, py),
+                           std::max(box.right, px + 1), std::max(box.bottom, py + 1)};
+                    for (int ny = py - 1; ny <= py + 1; ++ny) {
+                        for (int nx = px - 1; nx <= px + 1; ++nx) {
+                            if (nx >= 0 && ny >= 0 && nx < width && ny < height && rows[ny][nx] == '#' &&
+                                labels[ny * width + nx] == 0) {
+                                labels[ny * width + nx] = label;
+                                open.emplace_back(nx, ny);
+                            }
+                        }
+                    }
+                }
+                expected.push_back(box);
+            }
+        }
+        auto image = Sheet(rows);
+        test::ScriptedPrompt prompt;
+        SelectionTracker images;
+        int keyChoice = -1;
+        std::vector<TexRegion> regions;
+        DetectRegions(regions, *image, prompt, keyChoice, images, 0);
+        EXPECT_EQ(regions, expected) << "sheet " << sheet;
+        EXPECT_EQ(image->mask.cells, labels) << "sheet " << sheet;
+    }
 }
 
 TEST(Detection, BorderKeyCensus) {

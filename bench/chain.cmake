@@ -1,0 +1,1 @@
+kovra_add_bench(chain_bench chain_bench.cpp)

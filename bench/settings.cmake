@@ -1,0 +1,1 @@
+kovra_add_bench(settings_bench settings_bench.cpp)
