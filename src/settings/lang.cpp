@@ -17,6 +17,35 @@ bool LoadLanguageFile(const DualString& path) {
     return true;
 }
 
+ListenerList<>& LanguageListeners() {
+    static ListenerList<> listeners;
+    return listeners;
+}
+
+namespace {
+
+DualString& LanguagePath() {
+    static DualString path;
+    return path;
+}
+
+}  // namespace
+
+const DualString& LoadedLanguagePath() {
+    return LanguagePath();
+}
+
+bool LoadLanguage(const DualString& path, const std::string& name, SettingsStore& settings) {
+    if (!LoadLanguageFile(path)) {
+        return false;
+    }
+    settings.Select("App");
+    settings.SetString("Language", DualString(name));
+    LanguagePath() = path;
+    LanguageListeners().Call();
+    return true;
+}
+
 DualString Lang(const std::string& section, const std::string& key) {
     static const DualString missing("[MISSING STRING]");
     SettingsStore& store = LanguageStore();

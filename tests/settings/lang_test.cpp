@@ -24,3 +24,31 @@ TEST(Lang, LooksUpWordsAndShowsMissingOnes) {
     ASSERT_TRUE(aurel::LoadLanguageFile(KOVRA_DATA "/Lang/English.txt"));
     EXPECT_EQ(aurel::Lang("COMMON", "PlaySound").Utf8(), "PlaySound");
 }
+
+TEST(Lang, LoadLanguageRelabelsAndRemembersTheChoice) {
+    struct Counter {
+        int calls = 0;
+        void Count() { ++calls; }
+    } counter;
+    aurel::LanguageListeners().Add(&counter, &Counter::Count);
+    kovra::test::TempDir dir;
+    std::ofstream(dir.File("English.txt")) << "[MAINMENU]\nFile = \"&File\"\n";
+    std::ofstream(dir.File("Deutsch.txt")) << "[MAINMENU]\nFile = \"&Datei\"\n";
+    aurel::SettingsStore settings;
+
+    ASSERT_TRUE(aurel::LoadLanguage(dir.File("English.txt"), "English", settings));
+    EXPECT_EQ(aurel::Lang("MAINMENU", "File").Utf8(), "&File");
+    ASSERT_TRUE(aurel::LoadLanguage(dir.File("Deutsch.txt"), "Deutsch", settings));
+    EXPECT_EQ(aurel::Lang("MAINMENU", "File").Utf8(), "&Datei");
+    EXPECT_EQ(counter.calls, 2);
+    EXPECT_EQ(aurel::LoadedLanguagePath().Utf8(), dir.File("Deutsch.txt"));
+    settings.Select("App");
+    EXPECT_EQ(settings.GetString("Language", "").Utf8(), "Deutsch");
+
+    EXPECT_FALSE(aurel::LoadLanguage(dir.File("Missing.txt"), "Missing", settings));
+    EXPECT_EQ(aurel::Lang("MAINMENU", "File").Utf8(), "&Datei");
+    EXPECT_EQ(counter.calls, 2);
+    EXPECT_EQ(aurel::LoadedLanguagePath().Utf8(), dir.File("Deutsch.txt"));
+    EXPECT_EQ(settings.GetString("Language", "").Utf8(), "Deutsch");
+    aurel::LanguageListeners().Remove(&counter, &Counter::Count);
+}
