@@ -5,6 +5,7 @@
 
 #include "base/color32.h"
 #include "bitmap/text.h"
+#include "settings/theme_table.h"
 
 namespace kovra {
 
@@ -43,6 +44,9 @@ struct WorkspaceTheme {
     aurel::TextFont infoTextFont{.face = "Segoe UI", .size = 12};
     aurel::Color32 infoTextColor = 0xFFE0E0E0;
 };
+
+// The workspace's values of the loaded theme; sizes in pixels grow with the screen's pixel ratio.
+WorkspaceTheme WorkspaceThemeOf(const aurel::ThemeWorkspace& theme, float pixelRatio = 1.0f);
 
 // The four colours the workspace actually paints its backdrop with: they start from the theme's
 // defaults and a document may replace them.
