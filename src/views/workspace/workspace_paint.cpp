@@ -10,9 +10,10 @@ namespace {
 // The window shows the frame without its alpha: translucent words that the grid writes straight into
 // the buffer, and lines that moved the alpha toward their own, show as their colour.
 void MakeOpaque(aurel::ImageSurface& surface) {
-    for (int y = 0; y < surface.Height(); ++y) {
+    const aurel::SurfaceView view = surface.View();
+    for (int y = 0; y < view.height; ++y) {
         std::uint32_t* row = surface.Row(y);
-        for (int x = 0; x < surface.Width(); ++x) {
+        for (int x = 0; x < view.width; ++x) {
             row[x] |= 0xFF000000u;
         }
     }
