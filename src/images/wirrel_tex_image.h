@@ -23,6 +23,13 @@ struct TexMask {
     std::uint32_t spare = 0;           // stays 0
 
     std::uint32_t At(int x, int y) const { return cells[static_cast<std::size_t>(y) * width + x]; }
+    // As At, but 0 outside the mask, also before any detection has made cells.
+    std::uint32_t CellAt(int x, int y) const {
+        const bool inside = x >= 0 && y >= 0 && static_cast<std::uint32_t>(x) < width &&
+                            static_cast<std::uint32_t>(y) < height &&
+                            cells.size() == static_cast<std::size_t>(width) * height;
+        return inside ? At(x, y) : 0;
+    }
 };
 
 // A mark of a texture: where a region reaching into it starts, relative to its rectangle.

@@ -1,6 +1,6 @@
 #pragma once
-// The one routine that deletes textures: skins that used them lose their texture, later skin and mark
-// references are renumbered.
+// The one routine that deletes textures: skins that used them are erased, and what is left of the skins
+// and the textures is renumbered in place, in key frames and skins alike.
 
 #include <set>
 
