@@ -27,64 +27,6 @@ bool AllChildren(const Pose& pose, int pin, Test test) {
     return true;
 }
 
-// The pins that carry grips in Build: a selected root stands for its only child, other pins for
-// themselves.
-void CollectGripPins(WorkspaceState& state) {
-    state.gripPins.clear();
-    state.gripHot = false;
-    const SelectionTracker& sel = state.pinSelection;
-    for (int pin : sel.selected) {
-        if (pin < 0 || pin >= static_cast<int>(state.pose.size())) {
-            continue;
-        }
-        int carrier = pin;
-        if (state.pose[pin].Type() == Root) {
-            carrier = -1;
-            int children = 0;
-            for (int i = 0; i < static_cast<int>(state.pose.size()); ++i) {
-                if (state.pose[i].parent == pin) {
-                    carrier = i;
-                    ++children;
-                }
-            }
-            if (children != 1) {
-                continue;
-            }
-        }
-        state.gripHot = state.gripHot || sel.hotItem == carrier;
-        state.gripPins.push_back(carrier);
-    }
-}
-
-SkinHandle Floor(float x, float y, float radius) {
-    return {std::floor(x), std::floor(y), radius};
-}
-
-void FillGrips(const WirrelDoc& doc, WorkspaceState& state, float radius) {
-    for (int pin : state.gripPins) {
-        SkinHandle* grips = &state.skinHandles[static_cast<std::size_t>(pin) * kGripsPerPin];
-        const PinPoint self = PinScreen(state, pin);
-        const int parent = state.pose[pin].parent;
-        const PinPoint up = parent >= 0 ? PinScreen(state, parent) : self;
-        grips[1] = Floor(self.x, self.y, radius);
-        grips[2] = Floor(up.x, up.y, radius);
-        std::array<float, 8> c{};
-        if (!SkinCorners(doc, state, pin, state.skins[pin], c)) {
-            continue;
-        }
-        grips[3] = grips[1];
-        grips[4] = Floor(self.x, self.y, radius);
-        grips[5] = Floor((c[0] + c[2]) * 0.5f, (c[1] + c[3]) * 0.5f, radius);
-        grips[6] = Floor((c[4] + c[6]) * 0.5f, (c[5] + c[7]) * 0.5f, radius);
-        grips[7] = Floor((c[2] + c[4]) * 0.5f, (c[3] + c[5]) * 0.5f, radius);
-        grips[8] = Floor((c[6] + c[0]) * 0.5f, (c[7] + c[1]) * 0.5f, radius);
-        grips[9] = Floor(c[0], c[1], radius - 1.0f);
-        grips[10] = Floor(c[2], c[3], radius - 1.0f);
-        grips[11] = Floor(c[6], c[7], radius - 1.0f);
-        grips[12] = Floor(c[4], c[5], radius - 1.0f);
-    }
-}
-
 }  // namespace
 
 PinPoint PinScreen(const WorkspaceState& state, int pin) {
@@ -99,13 +41,16 @@ bool PoseStep(const WirrelDoc& doc, WorkspaceState& state, float gripRadius) {
     }
     EvaluateSkins(doc.Wirrel(), doc.cursor, state.skins);
     state.skins.resize(state.pose.size());
+    WorldPositions(state.pose, state.world);
     FillPinPixels(state.view, state.pose);
-    state.skinHandles.assign(state.pose.size() * kGripsPerPin, SkinHandle{});
+    state.gripHot = BuildSkinGrips(doc.Wirrel(), state.pose, state.view, state.editMode, state.pinSelection,
+                                   gripRadius, state.skinHandles);
+    // The pins that carry grips are those whose own grip was placed.
     state.gripPins.clear();
-    state.gripHot = false;
-    if (state.editMode == kModeBuild) {
-        CollectGripPins(state);
-        FillGrips(doc, state, gripRadius);
+    for (int pin = 0; pin < static_cast<int>(state.pose.size()); ++pin) {
+        if (state.skinHandles[static_cast<std::size_t>(pin) * kGripsPerPin + kGripPin].radius > 0.0f) {
+            state.gripPins.push_back(pin);
+        }
     }
     return true;
 }
@@ -117,25 +62,18 @@ bool SkinCorners(const WirrelDoc& doc, const WorkspaceState& state, int pin, con
         return false;
     }
     const WirrelPin& record = state.pose[pin];
-    const ScreenMapping map = ScreenMapping::Of(state.view);
-    const auto world = [&](int i) {
-        const PinPixel& p = state.view.pinPixels[i];
-        return PinPoint{(p.x - 0.375f) / map.ppuX, (p.y - 0.375f) / map.ppuY};
-    };
-    const PinPoint self = world(pin);
-    const PinPoint parent = record.parent >= 0 ? world(record.parent) : PinPoint{};
-    const SkinQuad q = MakeSkinQuad(record, self, parent, skin, w.textures[skin.texture], w.pixelsPerUnit);
-    const float ax = q.axis.x * q.halfWidth;
-    const float ay = q.axis.y * q.halfWidth;
-    const float nx = q.normal.x * q.halfHeight;
-    const float ny = q.normal.y * q.halfHeight;
-    const std::array<PinPoint, 4> c{PinPoint{q.centre.x - ax - nx, q.centre.y - ay - ny},
-                                    PinPoint{q.centre.x + ax - nx, q.centre.y + ay - ny},
-                                    PinPoint{q.centre.x + ax + nx, q.centre.y + ay + ny},
-                                    PinPoint{q.centre.x - ax + nx, q.centre.y - ay + ny}};
+    const auto at = [&state](int i) { return PinPoint{state.world[i].x, state.world[i].y}; };
+    const PinPoint parent = record.parent >= 0 ? at(record.parent) : PinPoint{};
+    const SkinQuad quad =
+        MakeSkinQuad(record, at(pin), parent, skin, w.textures[skin.texture], w.pixelsPerUnit);
+    const ViewTransform& view = state.view;
+    const float scaleX = static_cast<float>(view.clientWidth) / view.viewWidth * view.zoom;
+    const float scaleY = static_cast<float>(view.clientHeight) / view.viewHeight * view.zoom;
+    const ScreenMapping map = ScreenMapping::Of(view);
+    const std::array<PinPoint, 4> c = QuadCorners(quad);
     for (int i = 0; i < 4; ++i) {
-        corners[2 * i] = c[i].x * map.ppuX + 0.375f + map.originX;
-        corners[2 * i + 1] = c[i].y * map.ppuY + 0.375f + map.originY;
+        corners[2 * i] = c[i].x * scaleX + 0.375f + map.originX;
+        corners[2 * i + 1] = c[i].y * scaleY + 0.375f + map.originY;
     }
     return true;
 }

@@ -18,7 +18,7 @@ bool NearPin(const WorkspaceState& state, int pin, float radius, float x, float 
 
 // The rectangle of a skin spanned by its grips: centred between grips 7 and 8, its long axis from 8 to
 // 7, its half extents half the distances 8 to 7 and 5 to 6.
-bool InSkinBody(const SkinHandle* g, float x, float y) {
+bool InSkinBody(const SkinGrip* g, float x, float y) {
     const float cx = (g[7].x + g[8].x) * 0.5f;
     const float cy = (g[7].y + g[8].y) * 0.5f;
     float ux = g[7].x - g[8].x;
@@ -86,7 +86,7 @@ Hit HoverTest(const WirrelDoc& doc, const WorkspaceState& state, const aurel::Im
 }
 
 Hit GripTest(const WorkspaceState& state, float x, float y) {
-    const std::vector<SkinHandle>& grips = state.skinHandles;
+    const std::vector<SkinGrip>& grips = state.skinHandles;
     for (std::size_t i = 0; i < grips.size(); ++i) {
         const float dx = grips[i].x - x;
         const float dy = grips[i].y - y;
@@ -95,7 +95,7 @@ Hit GripTest(const WorkspaceState& state, float x, float y) {
         }
     }
     for (std::size_t pin = 0; pin * kGripsPerPin < grips.size(); ++pin) {
-        const SkinHandle* g = &grips[pin * kGripsPerPin];
+        const SkinGrip* g = &grips[pin * kGripsPerPin];
         if (g[7].radius > 0.0f && InSkinBody(g, x, y)) {
             return {static_cast<int>(pin), 4};
         }

@@ -187,7 +187,7 @@ GridLayer GridOf(const FrameInput& in) {
                      .top = WorldY(view, 0.0f),
                      .right = WorldX(view, static_cast<float>(view.clientWidth)),
                      .bottom = WorldY(view, static_cast<float>(view.clientHeight)),
-                     .interval = in.theme.gridInterval,
+                     .interval = in.colours.interval,
                      .colour0 = in.colours.grid0,
                      .colour1 = in.colours.grid1,
                      .originColour = in.colours.gridOrigin};
@@ -247,7 +247,7 @@ GripLayer GripsOf(const FrameInput& in) {
         if (state.skinTool == kToolRectangle || !current) {
             continue;
         }
-        const SkinHandle* grips = &state.skinHandles[static_cast<std::size_t>(pin) * kGripsPerPin];
+        const SkinGrip* grips = &state.skinHandles[static_cast<std::size_t>(pin) * kGripsPerPin];
         const int hotPart = sel.hotItem == pin ? sel.hotPart : -1;
         for (int part = 1; part < kGripsPerPin; ++part) {
             const bool pinGrip = part == 1 || part == 2;

@@ -46,7 +46,9 @@ bool PaintWorkspace(const WirrelDoc& doc, WorkspaceState& state, const Workspace
     const auto on = [layers](unsigned layer) { return (layers & layer) != 0; };
     if (on(kLayerBackdrop)) {
         PaintBackground(buffers.back, BackgroundOf(in));
-        PaintGrid(buffers.back, GridOf(in));
+        if (colours.gridOn) {
+            PaintGrid(buffers.back, GridOf(in));
+        }
     } else {
         buffers.back.Clear(aurel::Color32());
     }

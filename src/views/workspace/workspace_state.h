@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "anim/forward.h"
+#include "anim/skin_grips.h"
 #include "commands/command.h"
 #include "doc/editor_hub.h"
 #include "doc/selection_tracker.h"
@@ -17,26 +18,6 @@
 #include "views/workspace/workspace_camera.h"
 
 namespace kovra {
-
-// Switches of WirrelDoc::viewFlags that the workspace reads.
-enum ViewOption : int {
-    kViewLabels = 0,
-    kViewBones = 2,
-    kViewSkins = 3,
-    kViewCollision = 4,
-    kViewBackground = 5,
-    kViewIk = 6,
-};
-
-// One grip of a skin: a circle in client pixels.
-struct SkinHandle {
-    float x = 0.0f;
-    float y = 0.0f;
-    float radius = 0.0f;
-};
-
-// Grips per pin; part 0 means the pin itself, 3 the bone line, 4 the skin's body.
-constexpr int kGripsPerPin = 13;
 
 struct WorkspaceState {
     int editMode = kModeAnimate;
@@ -63,7 +44,9 @@ struct WorkspaceState {
     int pressY = 0;
     int scrollX = 0;  // auto-scroll speed accumulators
     int scrollY = 0;
-    float dragPinX = 0.0f;  // the grabbed point in pose pixels, without the camera
+    bool scrollTimer = false;     // the 18 ms auto-scroll pulse runs, from a press to its release
+    bool offsetSeparate = false;  // a skin offset drag pulls its bones away from the skeleton
+    float dragPinX = 0.0f;        // the grabbed point in pose pixels, without the camera
     float dragPinY = 0.0f;
     float dragParentX = 0.0f;
     float dragParentY = 0.0f;
@@ -78,10 +61,11 @@ struct WorkspaceState {
 
     // Rebuilt by the pose step before each paint and after gestures.
     Pose pose;
-    std::vector<WirrelSkin> skins;  // the skin of each pin of the pose, texture -1 for none
-    std::vector<SkinHandle> skinHandles;
-    std::vector<int> gripPins;  // the pins that show grips in Build
-    bool gripHot = false;       // one of them is hot
+    std::vector<WorldPoint> world;      // where each pin of the pose stands, in world units
+    std::vector<WirrelSkin> skins;      // the skin of each pin of the pose, texture -1 for none
+    std::vector<SkinGrip> skinHandles;  // 13 a pin; part 0 means the pin, 3 the bone line, 4 the body
+    std::vector<int> gripPins;          // the pins that show grips in Build
+    bool gripHot = false;               // one of them is hot
 };
 
 }  // namespace kovra

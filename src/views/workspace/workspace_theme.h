@@ -5,6 +5,7 @@
 
 #include "base/color32.h"
 #include "bitmap/text.h"
+#include "doc/editor_hub.h"
 #include "settings/theme_table.h"
 
 namespace kovra {
@@ -48,16 +49,23 @@ struct WorkspaceTheme {
 // The workspace's values of the loaded theme; sizes in pixels grow with the screen's pixel ratio.
 WorkspaceTheme WorkspaceThemeOf(const aurel::ThemeWorkspace& theme, float pixelRatio = 1.0f);
 
-// The four colours the workspace actually paints its backdrop with: they start from the theme's
-// defaults and a document may replace them.
+// What the workspace actually paints its backdrop with: the theme's defaults at first, then the
+// editor's grid and background colour, which the user may change.
 struct WorkingColours {
     aurel::Color32 background;
     aurel::Color32 grid0;
     aurel::Color32 gridOrigin;
     aurel::Color32 grid1;
+    int interval = 4;  // grid lines to a stronger line, at least 2
+    bool gridOn = true;
 
     static WorkingColours FromTheme(const WorkspaceTheme& theme) {
-        return {theme.defBgColor, theme.defGridColor, theme.defGridColor0, theme.defGridColor2};
+        return {theme.defBgColor,    theme.defGridColor, theme.defGridColor0,
+                theme.defGridColor2, theme.gridInterval, true};
+    }
+    static WorkingColours FromHub(const EditorHub& hub) {
+        const WorkGrid grid = hub.Grid();
+        return {hub.BackgroundColor(), grid.color0, grid.origin, grid.color1, grid.stepX, grid.enabled};
     }
 };
 
