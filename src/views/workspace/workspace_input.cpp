@@ -423,6 +423,29 @@ void WorkspaceInput::ClearSelections() {
     ResetView(state_.view, state_.limits);
 }
 
+void WorkspaceInput::RemapSelection(const std::vector<int>& map) {
+    SelectionTracker& sel = state_.pinSelection;
+    const auto to = [&map](int pin) {
+        return pin >= 0 && static_cast<std::size_t>(pin) < map.size() ? map[pin] : -1;
+    };
+    const bool notify = sel.notify;
+    sel.notify = false;
+    SelectionTracker::Saved saved{{}, to(sel.currentItem), sel.currentPart};
+    for (int pin : sel.selected) {
+        if (to(pin) >= 0) {
+            saved.selected.insert(to(pin));
+        }
+    }
+    sel.Restore(saved);
+    sel.SetHot(to(sel.hotItem), sel.hotPart);
+    sel.notify = notify;
+    if (notify) {
+        sel.onSelectionChanged.Call();
+        sel.onHotChanged.Call(sel.hotItem);
+        sel.onCurrentChanged.Call(sel.currentItem);
+    }
+}
+
 bool WorkspaceInput::WantsHandCursor() const {
     return !state_.playing && state_.pinSelection.hotItem >= 0;
 }

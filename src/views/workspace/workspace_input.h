@@ -54,6 +54,9 @@ public:
     bool HasSelection() const;
     // Both selections and hot items cleared, the camera back on the origin at zoom 1.
     void ClearSelections();
+    // After pins were renumbered: hot, current and selected pins follow `map` (old index to new, -1 for
+    // a pin that is gone), and the listeners hear of it once, at the end.
+    void RemapSelection(const std::vector<int>& map);
     // The small pin radius of the theme, in client pixels.
     void SetPinRadius(float radius) { pinRadius_ = radius; }
     // The hand over a hot pin unless playing.

@@ -246,5 +246,24 @@ TEST(WorkspaceGesture, TabWalksThePins) {
     EXPECT_EQ(w.state.pinSelection.selected, std::set<int>{3});
 }
 
+TEST(WorkspaceGesture, RemapKeepsTheSelectionOnTheSamePins) {
+    Chain w;
+    SelectionTracker& sel = w.state.pinSelection;
+    sel.Add(w.a, false);
+    sel.Add(w.c, true);
+    sel.SetHot(w.b, 3);
+    int calls = 0;
+    struct Counter {
+        int* calls;
+        void Changed() { ++*calls; }
+    } counter{&calls};
+    sel.onSelectionChanged.Add(&counter, &Counter::Changed);
+    w.input.RemapSelection({3, 2, -1, 0});  // b is gone
+    EXPECT_EQ(sel.selected, (std::set<int>{2, 0}));
+    EXPECT_EQ(sel.currentItem, 0);
+    EXPECT_EQ(sel.hotItem, -1);
+    EXPECT_EQ(calls, 1);
+}
+
 }  // namespace
 }  // namespace kovra
