@@ -89,8 +89,14 @@ void WorkspaceInput::LinkFromEmpty() {
         Send(std::make_shared<CommandPinNew>(doc_, sel, pin));
         return;
     }
-    // The preview root becomes real together with its first bone.
-    const WirrelPin& previewRecord = doc_.CurrentKey().pins.back();
+    // The preview root becomes real together with its first bone, if a change since hasn't taken it.
+    const std::vector<WirrelPin>& pins = doc_.CurrentKey().pins;
+    const auto previewId = static_cast<int>(doc_.Wirrel().pinNames.size()) - 1;
+    if (pins.empty() || pins.back().id != previewId) {
+        state_.linkTemporaryPin = false;
+        return;
+    }
+    const WirrelPin& previewRecord = pins.back();
     PinDescription root{previewRecord.angle, previewRecord.length, -1,
                         std::string(NameOf(doc_.Wirrel().pinNames.back()))};
     RemovePreviewPin();
