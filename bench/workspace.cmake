@@ -1,0 +1,2 @@
+kovra_add_bench(workspace_bench workspace_bench.cpp)
+target_link_libraries(workspace_bench PRIVATE kovra_workspace)
