@@ -12,16 +12,6 @@ namespace kovra::cli {
 
 namespace {
 
-bool SaveDocument(WirrelDoc& doc, const std::string& file, aurel::Prompt& prompt) {
-    const std::string target = AbsolutePath(file);
-    std::string why;
-    if (!doc.Save(target, aurel::PathInfo(target).Extension().Utf8() == "ske", prompt, &why)) {
-        Fail("cannot write " + file + (why.empty() ? "" : ": " + why));
-        return false;
-    }
-    return true;
-}
-
 Json Names(const std::vector<Name32>& names) {
     Json list = Json::array();
     for (const Name32& name : names) {
@@ -128,16 +118,34 @@ std::string AbsolutePath(const std::string& path) {
     return error ? path : absolute.lexically_normal().string();
 }
 
-bool LoadDocument(const std::string& file, WirrelDoc& doc, std::vector<WirrelImageRecord>& images,
+bool ReadDocument(const std::string& file, WirrelDoc& doc, std::vector<WirrelImageRecord>& images,
                   aurel::Prompt& prompt) {
     std::string why;
     if (!doc.Load(AbsolutePath(file), prompt, images, false, &why)) {
         Fail(why.empty() ? file + " is not a readable Kovra document" : "cannot open " + file + ": " + why);
         return false;
     }
+    return true;
+}
+
+bool LoadDocument(const std::string& file, WirrelDoc& doc, std::vector<WirrelImageRecord>& images,
+                  aurel::Prompt& prompt) {
+    if (!ReadDocument(file, doc, images, prompt)) {
+        return false;
+    }
     for (const WirrelImageRecord& image : images) {
         doc.SetImage(
             -1, image.path.empty() ? nullptr : std::make_shared<WirrelTexImage>(image.path, image.colorKey));
+    }
+    return true;
+}
+
+bool SaveDocument(WirrelDoc& doc, const std::string& file, aurel::Prompt& prompt) {
+    const std::string target = AbsolutePath(file);
+    std::string why;
+    if (!doc.Save(target, aurel::PathInfo(target).Extension().Utf8() == "ske", prompt, &why)) {
+        Fail("cannot write " + file + (why.empty() ? "" : ": " + why));
+        return false;
     }
     return true;
 }

@@ -9,4 +9,11 @@ int StderrPrompt::Ask(const aurel::PromptRequest& request) {
     return aurel::SafeAnswer(request);
 }
 
+int ColorKeyPrompt::Ask(const aurel::PromptRequest& request) {
+    if (request.title.Utf8() == "Color key" && request.buttons == aurel::PromptButtons::YesNo) {
+        return convert_ ? aurel::kAnswerYes : aurel::kAnswerNo;
+    }
+    return StderrPrompt::Ask(request);
+}
+
 }  // namespace kovra::cli

@@ -11,4 +11,15 @@ public:
     int Ask(const aurel::PromptRequest& request) override;
 };
 
+// As StderrPrompt, but the question whether to turn an image's background colour into alpha is answered
+// by the command line, and silently.
+class ColorKeyPrompt : public StderrPrompt {
+public:
+    explicit ColorKeyPrompt(bool convert) : convert_(convert) {}
+    int Ask(const aurel::PromptRequest& request) override;
+
+private:
+    bool convert_;
+};
+
 }  // namespace kovra::cli

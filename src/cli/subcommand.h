@@ -25,6 +25,9 @@ Subcommand AddResave(CLI::App& tool);
 Subcommand AddCheck(CLI::App& tool);
 Subcommand AddPose(CLI::App& tool);
 Subcommand AddIk(CLI::App& tool);
+Subcommand AddDetect(CLI::App& tool);
+Subcommand AddImport(CLI::App& tool);
+Subcommand AddPack(CLI::App& tool);
 
 // Numbers on the command line are read in plain decimal, the whole text or nothing: an index is an
 // integer of 0 or more, a coordinate any finite number.

@@ -13,7 +13,8 @@ namespace kovra::cli {
 
 namespace {
 
-constexpr AddSubcommand kSubcommands[] = {AddNew, AddDump, AddResave, AddCheck, AddPose, AddIk};
+constexpr AddSubcommand kSubcommands[] = {AddNew, AddDump,   AddResave, AddCheck, AddPose,
+                                          AddIk,  AddDetect, AddImport, AddPack};
 
 // The subcommand the parser reached, or the tool itself.
 const CLI::App& Selected(const CLI::App& tool) {
