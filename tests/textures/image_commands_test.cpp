@@ -125,8 +125,8 @@ TEST(CommandImgLoad, AFailureUndoesTheFilesBeforeIt) {
         EXPECT_EQ(e.prompt.asked[0].buttons, aurel::PromptButtons::Ok);
         EXPECT_EQ(e.prompt.asked[0].text.Utf8(),
                   "The image \"" + bad +
-                      "\" could not be loaded. The file may be damaged, or in a format that Kovra can't "
-                      "read.");
+                      "\" could not be loaded: it is missing, damaged, too large, or not an image of a known "
+                      "format.");
     }
 }
 
@@ -306,11 +306,11 @@ TEST(LoadDocumentImages, EverySlotKeepsItsPlace) {
     EXPECT_EQ(e.doc.images[3]->marks.at(2), (std::vector<TexMark>{{0.0f, 0.0f}}));
 
     ASSERT_EQ(e.prompt.asked.size(), 2u);
-    EXPECT_EQ(e.prompt.asked[0].title.Utf8(), "File Not Found");
+    EXPECT_EQ(e.prompt.asked[0].title.Utf8(), "File not found");
     EXPECT_EQ(e.prompt.asked[0].text.Utf8(),
               "The image " + missing +
-                  " could not be found.\nIts textures and skins are kept, and show as missing until the "
-                  "image is back in its place or replaced.");
+                  " was not found. Its textures and skins are kept and show as "
+                  "missing until the image is replaced.");
     EXPECT_EQ(e.prompt.asked[1].title.Utf8(), "Error");
 }
 
