@@ -1,6 +1,7 @@
 #include "app/ext_win.h"
 
 #include "base/kestrel_exception.h"
+#include "gui/main_window.h"
 
 namespace aurel {
 
@@ -9,6 +10,14 @@ bool ExtWin::Init(App&) {
     return true;
 }
 
-void ExtWin::Shutdown() { SetExceptionBox(nullptr); }
+void ExtWin::Shutdown() {
+    SetExceptionBox(nullptr);
+}
+
+void ExtWin::Update(float) {
+    if (kestrel2::win::MainWindow* window = kestrel2::win::GlobalMainWindow()) {
+        window->RootGui().Update();
+    }
+}
 
 }  // namespace aurel

@@ -4,6 +4,7 @@
 #include <QMainWindow>
 #include <QMoveEvent>
 #include <QResizeEvent>
+#include <QWidget>
 
 namespace kestrel2::win {
 
@@ -57,9 +58,13 @@ struct MainWindow::Impl {
     std::unique_ptr<QtMainWindow> window;
 };
 
-MainWindow::MainWindow() : impl_(std::make_unique<Impl>()) { globalMainWindow = this; }
+MainWindow::MainWindow() : impl_(std::make_unique<Impl>()), gui_(std::make_shared<Gui>()) {
+    globalMainWindow = this;
+}
 
+// The tree goes first: its widgets live inside the window's.
 MainWindow::~MainWindow() {
+    gui_.reset();
     if (globalMainWindow == this) {
         globalMainWindow = nullptr;
     }
@@ -69,6 +74,9 @@ bool MainWindow::Create(const Placement& placement, bool resizable) {
     impl_->window = std::make_unique<QtMainWindow>(*this);
     QtMainWindow& window = *impl_->window;
     window.placement = placement;
+    auto* client = new QWidget(&window);
+    window.setCentralWidget(client);
+    gui_->SetWindow(Window(client, false));
     window.resize(placement.width, placement.height);
     if (placement.x != kDefaultPosition && placement.y != kDefaultPosition) {
         window.move(placement.x, placement.y);
@@ -88,12 +96,20 @@ void MainWindow::SetTitle(const aurel::DualString& title) {
     impl_->window->setWindowTitle(QString::fromUtf8(title.Utf8()));
 }
 
-aurel::DualString MainWindow::Title() const { return impl_->window->windowTitle().toStdString(); }
+aurel::DualString MainWindow::Title() const {
+    return impl_->window->windowTitle().toStdString();
+}
 
-bool MainWindow::CloseRequested() const { return impl_->window && impl_->window->closeRequested; }
+bool MainWindow::CloseRequested() const {
+    return impl_->window && impl_->window->closeRequested;
+}
 
-void* MainWindow::NativeWidget() const { return impl_->window.get(); }
+void* MainWindow::NativeWidget() const {
+    return impl_->window.get();
+}
 
-MainWindow* GlobalMainWindow() { return globalMainWindow; }
+MainWindow* GlobalMainWindow() {
+    return globalMainWindow;
+}
 
 }  // namespace kestrel2::win

@@ -1,13 +1,14 @@
 #pragma once
-// The main window of the program. It keeps its restored rectangle (the one it returns to from the
-// maximised state) and tells its listeners when that rectangle changes and when the user asks to close
-// it. The toolkit stays behind the private implementation.
+// The main window of the program. Its client area holds the root of the gui tree. It keeps its restored
+// rectangle (the one it returns to from the maximised state) and tells its listeners when that rectangle
+// changes and when the user asks to close it. The toolkit stays behind the private implementation.
 
 #include <climits>
 #include <memory>
 
 #include "base/dual_string.h"
 #include "base/listener_list.h"
+#include "gui/gui.h"
 
 namespace kestrel2::win {
 
@@ -38,12 +39,16 @@ public:
     // The toolkit's widget, for dialogs owned by this window.
     void* NativeWidget() const;
 
+    // The root of the gui tree, bound to the client area once the window is created.
+    Gui& RootGui() { return *gui_; }
+
     aurel::ListenerList<const Placement&> onSize;
     aurel::ListenerList<const Placement&> onMove;
 
 private:
     struct Impl;
     std::unique_ptr<Impl> impl_;
+    std::shared_ptr<Gui> gui_;
 };
 
 // The one main window while it exists, else null: the owner of message boxes.
