@@ -24,7 +24,7 @@ int Truncate(float value) {
     return static_cast<int>(std::clamp(value, -kFar, kFar));
 }
 
-// One side of the quad between two corners: its values at the first row it is used on, and per row.
+// One side of the quad between two corners: its values at the row it has reached, and per row.
 struct Edge {
     int to = 0;
     int row = 0;
@@ -40,9 +40,17 @@ struct Edge {
         x = a.x, u = a.u, v = a.v;
         dx = (b.x - a.x) * perRow, du = (b.u - a.u) * perRow, dv = (b.v - a.v) * perRow;
     }
-    Corner At(int y) const {
-        const auto rows = static_cast<float>(y - row);
-        return {x + dx * rows, 0, u + du * rows, v + dv * rows};
+    // Steps down to row `y`: one row at a time as the scan goes, in one jump over rows above the bitmap.
+    Corner At(int y) {
+        const int rows = y - row;
+        if (rows == 1) {
+            x += dx, u += du, v += dv;
+        } else if (rows != 0) {
+            const auto n = static_cast<float>(rows);
+            x += dx * n, u += du * n, v += dv * n;
+        }
+        row = y;
+        return {x, 0, u, v};
     }
 };
 

@@ -44,15 +44,12 @@ void CommandStack::AddCommand(std::shared_ptr<ICommand> command) {
 
 void CommandStack::UndoRedo(bool redo, EditorHub& hub) {
     if (hub.IsPlaying()) {
-        // The stop may record where playback ended; take that back and keep the history as it was.
-        const std::vector<std::shared_ptr<ICommand>> commands = commands_;
+        // The stop records where playback ended when that differs from where it began; that record is
+        // taken back, so playback leaves no step behind. Its arrival has cut the redo tail.
         const std::size_t cursor = cursor_;
-        const std::size_t savedCursor = savedCursor_;
         hub.StopPlayback();
         if (cursor_ != cursor) {
             DiscardTop();
-            commands_ = commands;
-            savedCursor_ = savedCursor;
         }
     }
     if (redo) {

@@ -20,7 +20,6 @@ int Exchanged(int value, int a, int b) {
     return value == a ? b : value == b ? a : value;
 }
 
-
 const char* FkLabel(int mode) {
     return mode == kDragRotate ? "Rotate Pins" : mode == kDragLength ? "Adjust Length" : "Move Pins";
 }
@@ -147,11 +146,13 @@ CommandPinIk::CommandPinIk(WirrelDoc& doc, const SelectionTracker& selection, in
     }
     const auto width = static_cast<float>(view.clientWidth);
     const auto height = static_cast<float>(view.clientHeight);
-    const Vec2 goal{
-        (static_cast<float>(mouseX) - width * 0.5f) * (view.viewWidth / width) * (1.0f / view.zoom) +
-            view.cameraX,
-        (static_cast<float>(mouseY) - height * 0.5f) * (view.viewHeight / height) * (1.0f / view.zoom) +
-            view.cameraY};
+    // The goal is taken in whole units of the pose.
+    const Vec2 goal{std::trunc((static_cast<float>(mouseX) - width * 0.5f) * (view.viewWidth / width) *
+                                   (1.0f / view.zoom) +
+                               view.cameraX),
+                    std::trunc((static_cast<float>(mouseY) - height * 0.5f) * (view.viewHeight / height) *
+                                   (1.0f / view.zoom) +
+                               view.cameraY)};
     std::set<int> locks;
     if (single) {
         locks.insert(hot);
@@ -324,13 +325,7 @@ CommandPinType::CommandPinType(WirrelDoc& doc, int pin, PinType type)
 }
 
 void CommandPinType::Redo() {
-    if (!tailChange_) {
-        ChangeIn(doc_.CurrentKey());
-    } else if (type_ == Tail) {
-        MakeTail(doc_, pin_);
-    } else {
-        EndTail(doc_, pin_, type_);
-    }
+    ChangeIn(doc_.CurrentKey(), true);
     doc_.onChanged.Call();
 }
 
@@ -340,9 +335,30 @@ void CommandPinType::Undo() {
     doc_.onChanged.Call();
 }
 
-void CommandPinType::ChangeIn(WirrelKey& key) const {
+void CommandPinType::ChangeIn(WirrelKey& key, bool current) {
     const int at = FindPin(id_, pin_, key);
     if (at < 0) {
+        return;
+    }
+    if (tailChange_ && type_ == Tail) {
+        // The current frame makes the two segment pins, in every frame of its animation; other frames
+        // lay the tail over them where they have them.
+        if (current) {
+            segmentIds_ = {static_cast<int>(doc_.PinCount()), static_cast<int>(doc_.PinCount()) + 1};
+            MakeTail(doc_, at);
+            return;
+        }
+        const int anchor = FindPin(segmentIds_[0], segmentIds_[0], key);
+        const int segment = FindPin(segmentIds_[1], segmentIds_[1], key);
+        if (anchor >= 0 && segment >= 0 && key.pins[at].Type() != Tail) {
+            LayTail(key, at, anchor, segment);
+        }
+        return;
+    }
+    if (tailChange_) {
+        if (key.pins[at].Type() == Tail) {
+            EndTail(doc_.Wirrel(), key, at, type_);
+        }
         return;
     }
     if (type_ == Root) {
@@ -354,14 +370,12 @@ void CommandPinType::ChangeIn(WirrelKey& key) const {
 }
 
 unsigned CommandPinType::RepeatModes() const {
-    return tailChange_ ? 0 : kRepeatAll;
+    return kRepeatAll;
 }
 
 bool CommandPinType::Repeat(unsigned mask) {
-    if (tailChange_) {
-        return false;
-    }
-    ForEachRepeatFrame(doc_, mask, [this](WirrelKey& key) { ChangeIn(key); });
+    // The type is no value: every way of carrying it gives the same.
+    ForEachRepeatFrame(doc_, mask, [this](WirrelKey& key) { ChangeIn(key, false); });
     return true;
 }
 
@@ -376,31 +390,57 @@ void CommandPinIkLock::Redo() {
 }
 
 CommandPinName::CommandPinName(WirrelDoc& doc, int pin, std::string_view name)
-    : WirrelCommand("Set Pin Name"),
-      doc_(doc),
-      pin_(pin),
-      oldName_(doc.Wirrel().pinNames[pin]),
-      newName_(MakeName(name)) {
+    : WirrelCommand("Set Pin Name"), doc_(doc), names_{{pin, doc.Wirrel().pinNames[pin], MakeName(name)}} {
     Redo();
 }
 
-void CommandPinName::Write(const Name32& name) {
-    doc_.Wirrel().pinNames[pin_] = name;
+void CommandPinName::Redo() {
+    for (const Rename& rename : names_) {
+        doc_.Wirrel().pinNames[rename.pin] = rename.newName;
+    }
+    doc_.onChanged.Call();
+}
+
+void CommandPinName::Undo() {
+    for (auto rename = names_.rbegin(); rename != names_.rend(); ++rename) {
+        doc_.Wirrel().pinNames[rename->pin] = rename->oldName;
+    }
     doc_.onChanged.Call();
 }
 
 bool CommandPinName::Merge(ICommand& next) {
-    if (next.GetType() != GetType() || static_cast<CommandPinName&>(next).pin_ != pin_) {
+    if (next.GetType() != GetType()) {
         return false;
     }
-    newName_ = static_cast<CommandPinName&>(next).newName_;
+    // The newcomer's new name is taken; a rename of another pin is kept beside this one, so that the
+    // step undoes both.
+    const Rename& newcomer = static_cast<CommandPinName&>(next).names_.front();
+    auto same = std::find_if(names_.begin(), names_.end(),
+                             [&newcomer](const Rename& rename) { return rename.pin == newcomer.pin; });
+    if (same != names_.end()) {
+        same->newName = newcomer.newName;
+    } else {
+        names_.push_back(newcomer);
+    }
     return true;
 }
 
 CommandPinOrder::CommandPinOrder(WirrelDoc& doc, SelectionTracker& selection, std::string_view text,
                                  int oldIndex, int newIndex)
-    : WirrelCommand(text), doc_(doc), selection_(selection), oldIndex_(oldIndex), newIndex_(newIndex) {
+    : WirrelCommand(text), doc_(doc), selection_(selection), moves_{{oldIndex, newIndex}} {
     Redo();
+}
+
+void CommandPinOrder::Redo() {
+    for (const auto& [from, to] : moves_) {
+        Move(from, to);
+    }
+}
+
+void CommandPinOrder::Undo() {
+    for (auto move = moves_.rbegin(); move != moves_.rend(); ++move) {
+        Move(move->second, move->first);
+    }
 }
 
 void CommandPinOrder::Move(int from, int to) {
@@ -426,11 +466,13 @@ void CommandPinOrder::Move(int from, int to) {
 }
 
 bool CommandPinOrder::Merge(ICommand& next) {
-    // The newcomer carries on moving the record that this command moved.
-    if (next.GetType() != GetType() || static_cast<CommandPinOrder&>(next).oldIndex_ != newIndex_) {
+    // A newcomer that moves from the same old position joins this step; its move is kept after this
+    // one's, so that undo walks both back.
+    const auto& newcomer = static_cast<CommandPinOrder&>(next);
+    if (next.GetType() != GetType() || newcomer.moves_.front().first != moves_.front().first) {
         return false;
     }
-    newIndex_ = static_cast<CommandPinOrder&>(next).newIndex_;
+    moves_.push_back(newcomer.moves_.front());
     return true;
 }
 

@@ -3,10 +3,12 @@
 // constructor and keeps only what its undo needs: a frame's pin vector, one record, one selection.
 // Pins are referred to by index in the current frame, or by id across frames.
 
+#include <array>
 #include <cstdint>
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "anim/forward.h"
@@ -157,8 +159,8 @@ private:
 };
 
 // Changes the type of a pin in the current frame. A root is detached where it stands; a tail is built
-// from segment pins, and ending a tail gives the end pin the whole length back. Only a change that
-// builds or ends no tail can be repeated in other frames.
+// from two segment pins, and ending a tail gives the end pin the whole length back. The change can be
+// repeated in other frames, where the pin is found by id.
 class CommandPinType : public WirrelCommand {
 public:
     CommandPinType(WirrelDoc& doc, int pin, PinType type);
@@ -166,19 +168,20 @@ public:
     void Undo() override;
     void Redo() override;
     unsigned RepeatModes() const override;
-    // Gives the pin the same type in the frames of the mode, found by id.
     bool Repeat(unsigned mask) override;
 
 private:
-    // The change in one frame, for a type other than a tail on either side.
-    void ChangeIn(WirrelKey& key) const;
+    // The change in one frame; the current frame makes a tail's segment pins, the others reuse them.
+    void ChangeIn(WirrelKey& key, bool current);
 
     WirrelDoc& doc_;
     int pin_;
     int id_;
     PinType type_;
     bool tailChange_;  // the pin becomes or stops being a tail
-    // Building or ending a tail adds or deletes pins in all frames of the animation.
+    std::array<int, 2> segmentIds_{-1, -1};
+    // Building or ending a tail adds or deletes pins in all frames of the animation, and a repeat
+    // reaches others.
     std::vector<WirrelAnim> animsBefore_;
     std::vector<Name32> namesBefore_;
 };
@@ -196,34 +199,35 @@ private:
     WirrelDoc& doc_;
 };
 
-// Renames a pin; typing into the name merges into one step for as long as the same pin is named.
+// Renames a pin. Renames follow each other into one step until the step is frozen.
 class CommandPinName : public WirrelCommand {
 public:
     CommandPinName(WirrelDoc& doc, int pin, std::string_view name);
     int GetType() const override { return kKindPinName; }
-    void Undo() override { Write(oldName_); }
-    void Redo() override { Write(newName_); }
+    void Undo() override;
+    void Redo() override;
     bool Merge(ICommand& next) override;
 
 private:
-    void Write(const Name32& name);
+    struct Rename {
+        int pin;
+        Name32 oldName;
+        Name32 newName;
+    };
 
     WirrelDoc& doc_;
-    int pin_;
-    Name32 oldName_;
-    Name32 newName_;
+    std::vector<Rename> names_;
 };
 
 // Moves a pin within the current frame's vector, which is its draw order, by adjacent swaps that keep
-// the tree and the selection pointing at the same pins. A drag that carries on moving the same record
-// merges into one step.
+// the tree and the selection pointing at the same pins. Moves from the same old position join one step.
 class CommandPinOrder : public WirrelCommand {
 public:
     CommandPinOrder(WirrelDoc& doc, SelectionTracker& selection, std::string_view text, int oldIndex,
                     int newIndex);
     int GetType() const override { return kKindPinOrder; }
-    void Undo() override { Move(newIndex_, oldIndex_); }
-    void Redo() override { Move(oldIndex_, newIndex_); }
+    void Undo() override;
+    void Redo() override;
     bool Merge(ICommand& next) override;
 
 private:
@@ -231,8 +235,7 @@ private:
 
     WirrelDoc& doc_;
     SelectionTracker& selection_;
-    int oldIndex_;
-    int newIndex_;
+    std::vector<std::pair<int, int>> moves_;  // old and new index, in the order they were made
 };
 
 // Writes one whole pin record, as the property panel does for one property; `kind` names the property,

@@ -64,7 +64,8 @@ int IndexOfId(const std::vector<WirrelPin>& pins, std::int32_t id, int hint) {
     if (hint >= 0 && hint < static_cast<int>(pins.size()) && pins[hint].id == id) {
         return hint;
     }
-    const auto found = std::find_if(pins.begin(), pins.end(), [id](const WirrelPin& pin) { return pin.id == id; });
+    const auto found =
+        std::find_if(pins.begin(), pins.end(), [id](const WirrelPin& pin) { return pin.id == id; });
     return found == pins.end() ? -1 : static_cast<int>(found - pins.begin());
 }
 
@@ -210,24 +211,29 @@ bool RemovePinIfUnused(Wirrel& wirrel, int id) {
 
 void MakeTail(WirrelDoc& doc, int index) {
     const WirrelPin end = doc.CurrentKey().pins[index];
-    const float third = end.length * kTailThird;
-    const int anchor = doc.AddPin(end.angle, third, end.parent, "Segment 1");
-    const int segment = doc.AddPin(end.angle, third, anchor, "Segment 2");
-
-    std::vector<WirrelPin>& pins = doc.CurrentKey().pins;
-    const auto setTail = [&pins](int at, std::uint32_t chainBits) {
-        pins[at].SetType(Tail);
-        pins[at].flags = (pins[at].flags & ~kTailSegment) | chainBits;
-    };
-    pins[index].parent = segment;
-    pins[index].length = third;
-    setTail(index, kTailEnd);
-    setTail(segment, kTailSegment);
-    setTail(anchor, kTailAnchor);
+    const int anchor = doc.AddPin(end.angle, end.length * kTailThird, end.parent, "Segment 1");
+    const int segment = doc.AddPin(end.angle, end.length * kTailThird, anchor, "Segment 2");
+    LayTail(doc.CurrentKey(), index, anchor, segment);
 }
 
-void EndTail(WirrelDoc& doc, int index, PinType type) {
-    WirrelKey& key = doc.CurrentKey();
+void LayTail(WirrelKey& key, int index, int anchor, int segment) {
+    std::vector<WirrelPin>& pins = key.pins;
+    const WirrelPin end = pins[index];
+    const float third = end.length * kTailThird;
+    const auto setTail = [&pins, &end, third](int at, int parent, std::uint32_t chainBits) {
+        pins[at].angle = end.angle;
+        pins[at].length = third;
+        pins[at].parent = parent;
+        pins[at].SetType(Tail);
+        pins[at].flags = (pins[at].flags & ~(kTailSegment | kPinHidden)) | chainBits;
+    };
+    setTail(anchor, end.parent, kTailAnchor);
+    setTail(segment, anchor, kTailSegment);
+    setTail(index, segment, kTailEnd);
+    pins[index].flags = (pins[index].flags & ~kPinHidden) | (end.flags & kPinHidden);
+}
+
+void EndTail(Wirrel& wirrel, WirrelKey& key, int index, PinType type) {
     float length = key.pins[index].length;
     std::vector<int> passedIds;
     int at = index;
@@ -254,7 +260,7 @@ void EndTail(WirrelDoc& doc, int index, PinType type) {
     }
     // Nearest the end first: each segment hangs from the one before it in the key frames not shown.
     for (std::size_t i = 0; i < passedIds.size(); ++i) {
-        if (RemovePinIfUnused(doc.Wirrel(), passedIds[i])) {
+        if (RemovePinIfUnused(wirrel, passedIds[i])) {
             for (std::size_t j = i + 1; j < passedIds.size(); ++j) {
                 passedIds[j] -= passedIds[j] > passedIds[i] ? 1 : 0;
             }

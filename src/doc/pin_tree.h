@@ -40,7 +40,9 @@ double NormalizeAngle(double angle);
 // Position of the record of pin `id`: `hint` when that record has the id, else the first match from the
 // start; -1 if the pins don't hold it.
 int IndexOfId(const std::vector<WirrelPin>& pins, std::int32_t id, int hint);
-inline int FindPin(int id, int hint, const WirrelKey& key) { return IndexOfId(key.pins, id, hint); }
+inline int FindPin(int id, int hint, const WirrelKey& key) {
+    return IndexOfId(key.pins, id, hint);
+}
 
 int ChildCount(const WirrelKey& key, int index);
 bool HasChildren(const WirrelKey& key, int index);
@@ -56,7 +58,9 @@ bool IsBone(const WirrelPin& pin);
 // records are swept until each is placed from its parent. A record whose parent chain never reaches a
 // root (a loop or a broken link) is left at the origin.
 void WorldPositions(const std::vector<WirrelPin>& pins, std::vector<WorldPoint>& out);
-inline void PinPositions(const WirrelKey& key, std::vector<WorldPoint>& out) { WorldPositions(key.pins, out); }
+inline void PinPositions(const WirrelKey& key, std::vector<WorldPoint>& out) {
+    WorldPositions(key.pins, out);
+}
 
 // Hangs `index` under `newParent` (-1: makes it a root) without moving anything on screen. The chain of
 // old parents above it is inverted to hang below it, so that a pin joins another tree with its own.
@@ -76,8 +80,12 @@ bool RemovePinIfUnused(Wirrel& wirrel, int id);
 // its length, are chained between its parent and it.
 void MakeTail(WirrelDoc& doc, int index);
 
-// Gives the end pin `index` of a tail in the current key frame the type `type`: it takes the length of
+// Lays the tail of end pin `index` of a key frame over its two segment pins, `anchor` hanging from the
+// end's parent and `segment` from the anchor, each a third of the end's length and shown.
+void LayTail(WirrelKey& key, int index, int anchor, int segment);
+
+// Gives the end pin `index` of a tail in a key frame of `wirrel` the type `type`: it takes the length of
 // the whole tail and hangs from the anchor's parent, and the segment pins between are deleted.
-void EndTail(WirrelDoc& doc, int index, PinType type);
+void EndTail(Wirrel& wirrel, WirrelKey& key, int index, PinType type);
 
 }  // namespace kovra

@@ -31,14 +31,61 @@ bool DrawsSkin(const Wirrel& wirrel, const WirrelPin& pin) {
            wirrel.skins[pin.skin].texture != -1;
 }
 
-float AutoSkinAngle(const Wirrel& wirrel, int textureIndex, float pinAngle) {
-    const bool wide = textureIndex >= 0 && static_cast<std::size_t>(textureIndex) < wirrel.textures.size() &&
-                      wirrel.textures[textureIndex].width > wirrel.textures[textureIndex].height;
-    if (wide) {
-        const double across = NormalizeAngle(static_cast<double>(pinAngle) - 1.5707963267948966);
-        return across < 3.141592653589793 ? 3.1415927f : 0.0f;
+namespace {
+
+// The two upright angles of a skin on a bone: flat for a wide texture, standing for a tall one.
+constexpr float kUprightWide = 3.1415927f;
+constexpr float kUprightTall = 1.5707964f;
+
+}  // namespace
+
+float DefaultSkinAngle(const WirrelTexture& texture, float boneAngle) {
+    if (texture.width > texture.height) {
+        const double across = NormalizeAngle(static_cast<double>(boneAngle) - 1.5707963267948966);
+        return across < 3.141592653589793 ? kUprightWide : 0.0f;
     }
-    return NormalizeAngle(pinAngle) > 3.1415927f ? 1.5707964f : NormalizeAngle(-1.5707964f);
+    return NormalizeAngle(boneAngle) > kUprightWide ? kUprightTall : kTwoPi - kUprightTall;
+}
+
+float AutoSkinAngle(const Wirrel& wirrel, int textureIndex, float pinAngle) {
+    const bool known = textureIndex >= 0 && static_cast<std::size_t>(textureIndex) < wirrel.textures.size();
+    return DefaultSkinAngle(known ? wirrel.textures[textureIndex] : WirrelTexture{}, pinAngle);
+}
+
+WirrelSkin ResetSkin(const Wirrel& wirrel, const WirrelPin& pin, const WirrelSkin& skin, SkinReset what,
+                     bool negative, bool aboutCentre, bool both) {
+    WirrelSkin reset = skin;
+    const bool known = skin.texture >= 0 && static_cast<std::size_t>(skin.texture) < wirrel.textures.size();
+    const WirrelTexture texture = known ? wirrel.textures[skin.texture] : WirrelTexture{};
+    const bool alongX = what == SkinReset::ScaleX;
+    switch (what) {
+        case SkinReset::Offset:
+            reset.offsetX = reset.offsetY = 0.0f;
+            break;
+        case SkinReset::Angle:
+            reset.angle = NormalizeAngle(DefaultSkinAngle(texture, pin.angle));
+            break;
+        case SkinReset::ScaleX:
+        case SkinReset::ScaleY: {
+            if (!aboutCentre && !both) {
+                // The side opposite the grip stays: the centre moves by half of the change of size.
+                const float size = static_cast<float>(alongX ? texture.width : texture.height);
+                const float scale = alongX ? skin.scaleX : skin.scaleY;
+                float v = size / static_cast<float>(wirrel.pixelsPerUnit) * pin.scale * (1.0f - scale) * 0.5f;
+                v = negative ? -v : v;
+                const float cosine = std::cos(skin.angle);
+                const float sine = std::sin(skin.angle);
+                reset.offsetX += alongX ? v * cosine : -v * sine;
+                reset.offsetY += alongX ? v * sine : v * cosine;
+            }
+            (alongX ? reset.scaleX : reset.scaleY) = 1.0f;
+            if (both) {
+                reset.scaleX = reset.scaleY = 1.0f;
+            }
+            break;
+        }
+    }
+    return reset;
 }
 
 void SetPinSkin(Wirrel& wirrel, WirrelKey& key, int pinIndex, const WirrelSkin& skin) {

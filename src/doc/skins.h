@@ -28,8 +28,20 @@ SkinQuad MakeSkinQuad(const WirrelPin& pin, PinPoint position, PinPoint parentPo
 bool DrawsSkin(const Wirrel& wirrel, const WirrelPin& pin);
 
 // The angle a skin gets when it is first placed, so that the sprite stands upright: for a wide texture
-// pi or 0, for a tall or square one pi/2 or 3pi/2, by the direction of the pin.
+// pi or 0, for a tall or square one pi/2 or 3pi/2, by the direction of the bone.
+float DefaultSkinAngle(const WirrelTexture& texture, float boneAngle);
+// The same for texture `textureIndex` of the table; an index outside it counts as a square texture.
 float AutoSkinAngle(const Wirrel& wirrel, int textureIndex, float pinAngle);
+
+// What a double click on a grip of a skin resets: the offset, the scale from a side, the angle.
+enum class SkinReset { Offset, ScaleX, ScaleY, Angle };
+
+// The skin `skin` of `pin` with one thing set back to its default. A scale reset by itself keeps the
+// side opposite the grip in place, moving the offset; `aboutCentre` keeps the centre instead, `both`
+// resets both scales about the centre; `negative` names the grip on the minus side of the axis. The
+// angle goes back to the upright nearest to the bone's direction.
+WirrelSkin ResetSkin(const Wirrel& wirrel, const WirrelPin& pin, const WirrelSkin& skin, SkinReset what,
+                     bool negative, bool aboutCentre, bool both);
 
 // Gives pin `pinIndex` of `key` (a key frame of `wirrel`) the skin values. An entry that other records
 // use too is left to them and the pin gets a new one; the pin's own entry is overwritten, or erased

@@ -30,6 +30,17 @@ struct WirrelBackground {
     std::uint8_t alpha = 128;
 };
 
+// Positions in WirrelDoc::viewFlags: what the workspace shows, and two posing options.
+enum ViewFlag : std::size_t {
+    kViewLabels = 0,
+    kViewRotateChildren = 1,
+    kViewBones = 2,
+    kViewSkins = 3,
+    kViewCollision = 4,
+    kViewBackground = 5,
+    kViewIk = 6,
+};
+
 // AddAnim modes: what the new animation starts from.
 enum AddAnimMode : int {
     kAnimFromCurrentKey = 0,  // one key frame, a copy of the current key frame's pins
@@ -105,7 +116,7 @@ public:
     WirrelBackground background;
     std::vector<std::shared_ptr<WirrelTexImage>> images;
     aurel::ImageSurface missingTextureImage;  // drawn for a skin whose image is missing
-    // View and tool switches of the panels; [1] is a posing option, [6] the inverse kinematics switch.
+    // View and tool switches of the panels, by ViewFlag.
     std::array<bool, 7> viewFlags{false, true, true, true, true, true, true};
     bool hasPath = false;
     bool fileWith = true;  // whether the last Save As chose the ".ske" extension

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "images/truncation.h"
+
 namespace kovra {
 
 namespace {
@@ -166,7 +168,9 @@ ImagePtr Decode(const char* coder, const std::vector<std::uint8_t>& bytes, Excep
     ImageInfoPtr info = InfoFor(coder);
     info->number_scenes = 1;
     ImagePtr image(BlobToImage(info.get(), bytes.data(), bytes.size(), exception));
-    if (!image || image->columns == 0 || image->rows == 0 || image->columns > kMaxSide ||
+    // A damaged file may still give a picture, made up where the data ran out: it is refused.
+    const bool damaged = exception->severity >= ErrorException || exception->severity == CorruptImageWarning;
+    if (!image || damaged || image->columns == 0 || image->rows == 0 || image->columns > kMaxSide ||
         image->rows > kMaxSide) {
         return nullptr;
     }
@@ -274,6 +278,9 @@ int VylImageLoad(int format, const VylStream& stream, VylImageState& state, std:
     std::vector<std::uint8_t> bytes;
     if (int result = ReadAll(stream, bytes); result != kVylOk) {
         return result;
+    }
+    if (!LooksComplete(format, bytes.data(), bytes.size())) {
+        return kVylDecodeFailed;
     }
     ExceptionPtr exception(AcquireExceptionInfo());
     ImagePtr image = Decode(coder.read, bytes, exception.get());

@@ -152,6 +152,8 @@ TEST_F(CommandStackTest, FinishDragKeepsOrCancelsOnlyAnOpenTopOfItsKind) {
     EXPECT_EQ(slots["x"], 6);
 }
 
+// The stop's record arrives like any command, cutting the redo tail and the saved position with it,
+// and is then discarded.
 TEST_F(CommandStackTest, UndoDuringPlaybackStopsItAndLeavesNoTrace) {
     AddThree();
     stack.MarkSaved();
@@ -162,8 +164,8 @@ TEST_F(CommandStackTest, UndoDuringPlaybackStopsItAndLeavesNoTrace) {
     EXPECT_FALSE(hub.playing);
     EXPECT_EQ(slots["frame"], 0);
     EXPECT_EQ(stack.Cursor(), 1u);
-    EXPECT_EQ(stack.Size(), 3u);
-    EXPECT_EQ(stack.SavedCursor(), 3u);
+    EXPECT_EQ(stack.Size(), 2u);
+    EXPECT_EQ(stack.SavedCursor(), CommandStack::kSavedLost);
     EXPECT_EQ(slots["b"], 0);
     hub.playing = true;
     hub.onStop = nullptr;  // stopped where it began: nothing recorded, nothing taken back

@@ -198,8 +198,9 @@ TEST_F(CommandsTest, EveryEditUndoesAndRedoesExactly) {
         {"property merged", {property(200, 2, 1), property(200, 2, 2)}},
         {"another property", {property(200, 2, 1), property(201, 2, 2)}, 2},
         {"property of another pin", {property(200, 2, 1), property(200, 1, 2)}, 2},
-        {"names of one pin merged", {name(1, "l"), name(1, "le"), name(2, "f")}, 2},
-        {"order down, merged while the same pin moves", {order(0, 1), order(1, 3), order(0, 1)}, 2},
+        {"names merged, of any pin", {name(1, "l"), name(1, "le"), name(2, "f")}},
+        {"order from one old position merged", {order(0, 1), order(0, 3), order(1, 3)}, 2},
+        {"order clicks, one step each", {order(0, 1), order(1, 2)}, 2},
         {"order up", {order(4, 1)}},
         {"area selections merged", {area(310, 230, 330, 250), area(0, 0, 640, 480)}},
         {"frame new", {[&] { return make_shared<CommandFrameNew>(doc, Keys()[0], 1); }}},
@@ -421,6 +422,10 @@ TEST_F(CommandsTest, InverseKinematicsReachesTheMouseAndHoldsItsLocks) {
     view.cameraX = view.cameraY = 0.5f;
     CommandPinIk held(doc, selection, 400, 416, view, false);  // toward the world point (3, 6)
     ASSERT_TRUE(held.valid);
+    const std::vector<WirrelPin> posed = Pins();
+    held.Undo();
+    CommandPinIk within(doc, selection, 431, 447, view, false);  // (3.97, 6.97): the goal is the same unit
+    EXPECT_EQ(Pins(), posed);
     EXPECT_EQ(Pins()[2].flags, Bone);  // posed by the user: a key now
     EXPECT_NEAR(Positions()[1].x, 0.0f, 1e-5f);
     EXPECT_NEAR(Positions()[1].y, 2.0f, 1e-5f);
@@ -479,7 +484,7 @@ TEST_F(CommandsTest, AForwardDragRepeatsAbsolutelyRelativelyOrInProportion) {
     }
 }
 
-TEST_F(CommandsTest, ATypeChangeRepeatsButATailIsntAndOtherCommandsOfferNothing) {
+TEST_F(CommandsTest, ATypeChangeRepeatsAndOtherCommandsOfferNothing) {
     auto type = make_shared<CommandPinType>(doc, 2, Root);
     EXPECT_EQ(RepeatModesOf(*type), kRepeatAll);
     CommandRepeat repeat(doc, type, 0x001);
@@ -488,8 +493,36 @@ TEST_F(CommandsTest, ATypeChangeRepeatsButATailIsntAndOtherCommandsOfferNothing)
     EXPECT_EQ(Keys()[0].pins[2].Type(), Bone);
     EXPECT_EQ(Keys()[2].pins[2].Type(), Root);
     EXPECT_EQ(Keys()[2].pins[2].parent, -1);
-    EXPECT_EQ(RepeatModesOf(CommandPinType(doc, 1, Tail)), 0u);
     EXPECT_EQ(RepeatModesOf(CommandMacro("Set Tile", 12)), 0u);
+}
+
+// The tail's two segment pins exist in every frame of "Default": a repeat lays the tail over them there,
+// and ending it there deletes them once no frame shows them. "Walk" has no segments and keeps its bone.
+TEST_F(CommandsTest, ATailIsBuiltAndEndedInOtherFramesToo) {
+    const std::vector<WorldPoint> before = Positions();
+    auto made = make_shared<CommandPinType>(doc, 2, Tail);
+    EXPECT_EQ(RepeatModesOf(*made), kRepeatAll);
+    CommandRepeat everywhere(doc, made, 0x008);
+    for (std::uint32_t k = 0; k < 3; ++k) {
+        const std::vector<WirrelPin>& pins = Keys()[k].pins;
+        ASSERT_EQ(pins.size(), 7u);
+        EXPECT_EQ(pins[2].flags, Tail | kTailEnd) << "frame " << k;
+        EXPECT_EQ(pins[5].flags, Tail | kTailAnchor) << "frame " << k;
+        EXPECT_EQ(pins[6].flags, Tail | kTailSegment) << "frame " << k;
+        EXPECT_EQ(pins[2].parent, 6);
+    }
+    EXPECT_NEAR(Positions()[2].x, before[2].x, 1e-5f);
+    EXPECT_NEAR(Positions()[2].y, before[2].y, 1e-5f);
+    EXPECT_EQ(doc.Wirrel().anims[1].keys[0].pins[2].Type(), Bone);
+
+    CommandRepeat ended(doc, make_shared<CommandPinType>(doc, 2, Bone), 0x004);
+    EXPECT_EQ(doc.PinCount(), 5u);
+    for (std::uint32_t k = 0; k < 3; ++k) {
+        ASSERT_EQ(Keys()[k].pins.size(), 5u);
+        EXPECT_EQ(Keys()[k].pins[2].flags, Bone);
+        EXPECT_EQ(Keys()[k].pins[2].parent, 1);
+        EXPECT_NEAR(Keys()[k].pins[2].length, 3.0f, 1e-5f);
+    }
 }
 
 // Which frames the walk reaches, as 10 * animation + frame in order, for a document of three animations

@@ -26,12 +26,20 @@ struct RecordingHub : EditorHub {
             onStop();
         }
     }
+    WorkGrid Grid() const override { return grid; }
+    void SetGrid(const WorkGrid& g) override { grid = g; }
+    aurel::Color32 BackgroundColor() const override { return backgroundColor; }
+    void SetBackgroundColor(aurel::Color32 colour) override { backgroundColor = colour; }
+    void SetBackgroundLoaded(bool loaded) override { backgroundLoaded = loaded; }
 
     int editMode = kModeAnimate;
     int skinTool = kToolSkin;
     int animListSelection = 0;
     bool playing = false;
     std::function<void()> onStop;
+    WorkGrid grid{.stepX = 5, .stepY = 5, .color0 = 0xFF202020, .color1 = 0xFF404040, .origin = 0xFF0000FF};
+    aurel::Color32 backgroundColor = 0xFF808080;
+    bool backgroundLoaded = false;
 };
 
 inline auto CursorOf(const PlayCursor& c) {
@@ -39,10 +47,11 @@ inline auto CursorOf(const PlayCursor& c) {
                            c.otherFrameIndex, c.otherFramePos, c.blending, c.blendPos, c.blendLength);
 }
 
-// The tables, the play cursor, the snap setting, the pin selection and the animation list's selection.
+// The tables, the play cursor, the snap setting, the pin selection and what the hub keeps.
 inline auto StateOf(const WirrelDoc& doc, const SelectionTracker& selection, const RecordingHub& hub) {
     return std::make_tuple(doc.Wirrel(), CursorOf(doc.cursor), doc.snapFrames, selection.hotItem,
-                           selection.hotPart, selection.Snapshot(), hub.animListSelection);
+                           selection.hotPart, selection.Snapshot(), hub.animListSelection, hub.editMode,
+                           hub.skinTool, hub.grid, hub.backgroundColor, hub.backgroundLoaded);
 }
 
 }  // namespace kovra::test

@@ -6,11 +6,15 @@
 #include <utility>
 #include <vector>
 
+#include "anim/skin_grips.h"
 #include "commands/anim_commands.h"
+#include "commands/bg_commands.h"
 #include "commands/command_stack.h"
+#include "commands/editor_commands.h"
 #include "commands/frame_commands.h"
 #include "commands/pin_commands.h"
 #include "commands/repeat.h"
+#include "commands/skin_commands.h"
 #include "doc/wirrel_writer.h"
 #include "doc_state.h"
 
@@ -22,11 +26,19 @@ using std::make_shared;
 // The walk answers every question safely.
 class Walk : public aurel::SilentPrompt {
 public:
-    explicit Walk(std::uint32_t seed) : rng_(seed) {}
+    // Skins have a wide and a tall texture to choose from.
+    explicit Walk(std::uint32_t seed) : rng_(seed) {
+        doc_.Wirrel().textures = {{.imageIndex = 0, .width = 48, .height = 20},
+                                  {.imageIndex = 0, .width = 16, .height = 40}};
+    }
 
     // What is compared: the document as its writer saves it, and where playback stands.
     auto Save() const {
         WirrelEditorData editor;
+        editor.backgroundAlpha = doc_.background.alpha;
+        editor.backgroundOffsetX = doc_.background.offsetX;
+        editor.backgroundOffsetY = doc_.background.offsetY;
+        editor.backgroundScale = doc_.background.scale;
         editor.snapFrames = doc_.snapFrames;
         return std::make_pair(WriteWirrel(doc_.Wirrel(), {}, editor), CursorOf(doc_.cursor));
     }
@@ -41,7 +53,7 @@ public:
 
     // One gesture; false when the current frame's pose is no longer a tree.
     bool Step() {
-        const int choice = Pick(0, 99);
+        const int choice = Pick(0, 129);
         const int anims = static_cast<int>(doc_.Wirrel().anims.size());
         if (choice < 12 || (Pins().empty() && choice < 60)) {
             const int parent = Pins().empty() || Pick(0, 3) == 0 ? -1 : AnyPin();
@@ -82,8 +94,12 @@ public:
             Add(make_shared<CommandAnimSel>(doc_, selection_, hub_, Pick(0, anims - 1)));
         } else if (choice < 96) {
             RepeatTop();
-        } else {
+        } else if (choice < 100) {
             UndoAFew();
+        } else if (choice < 120) {
+            SkinStep(choice);
+        } else {
+            EditorStep(choice);
         }
         return IsTree(Pins());
     }
@@ -158,6 +174,100 @@ private:
         }
     }
 
+    // A skin of a random texture, or none, on a pin; then a drag of one of its grips.
+    void SkinStep(int choice) {
+        if (Pins().empty()) {
+            return;
+        }
+        if (choice < 104) {
+            Add(make_shared<CommandSkinSet>(doc_, selection_, AnyPin(), Pick(-1, 1)));
+            return;
+        }
+        if (choice < 106) {
+            const int pin = AnyPin();
+            const WirrelSkin skin{
+                .texture = Pick(0, 1), .scaleX = PickFloat(-2, 2), .angle = PickFloat(-4, 4)};
+            Add(make_shared<CommandSkinProperty>(doc_, "Skin", 200 + Pick(0, 1), pin, skin));
+            return;
+        }
+        const int kind = choice < 109   ? kKindSkinRotate
+                         : choice < 112 ? kKindSkinScale
+                         : choice < 116 ? kKindSkinOffset
+                                        : kKindSkinPin;
+        const int hot = SelectSome();
+        const int part = kind == kKindSkinRotate   ? Pick(kGripRotate0, kGripRotate2)
+                         : kind == kKindSkinScale  ? Pick(kGripScaleTop, kGripScaleLeft)
+                         : kind == kKindSkinOffset ? Pick(kGripBone, kGripBody)
+                                                   : Pick(0, kGripParent);
+        selection_.SetCurrent(hot, part);
+        selection_.SetHot(hot, part);
+        Refresh();
+        const SkinGrip& grip = grips_[hot * kGripsPerPin + part];
+        const Vec2 anchor = kind == kKindSkinPin ? Vec2{view_.pinPixels[hot].x, view_.pinPixels[hot].y}
+                                                 : Vec2{grip.x, grip.y};
+        const Vec2 press{grip.x, grip.y};
+        Vec2 mouse = press;
+        const bool flag = Pick(0, 1) == 0;
+        for (int move = Pick(1, 12); move > 0; --move) {
+            const float dx = PickFloat(-8, 8);
+            const float dy = PickFloat(-8, 8);
+            mouse = {mouse.x + dx, mouse.y + dy};
+            const SkinDrag drag{anchor, press, mouse};
+            if (kind == kKindSkinRotate) {
+                Add(make_shared<CommandSkinRotate>(drag, grips_, doc_, selection_));
+            } else if (kind == kKindSkinScale) {
+                Add(make_shared<CommandSkinScale>(drag, grips_, doc_, selection_, flag));
+            } else if (kind == kKindSkinOffset) {
+                auto offset = make_shared<CommandSkinOffset>(dx, dy, selection_, doc_, grips_, view_, flag);
+                Add(offset->valid ? offset : nullptr);
+            } else {
+                Add(make_shared<CommandSkinPin>(drag, selection_, doc_, view_, 4.0f, flag));
+            }
+            Refresh();
+        }
+        stack_.FinishDrag(kind, true);
+    }
+
+    // A change of what the editor shows or of the document's settings.
+    void EditorStep(int choice) {
+        if (choice < 122) {
+            Add(make_shared<CommandEditorMode>(hub_, Pick(0, 3)));
+        } else if (choice < 123) {
+            Add(make_shared<CommandEditorModeSkin>(hub_, Pick(0, 2)));
+        } else if (choice < 124) {
+            Add(make_shared<CommandEditorPpu>(doc_, Pick(1, 64)));
+        } else if (choice < 125) {
+            EventDefinitions events = EventDefinitions::Of(doc_.Wirrel());
+            events.names.push_back(MakeName(Name()));
+            events.events.push_back({.name = static_cast<std::uint32_t>(events.names.size() - 1)});
+            events.spans.back() = {static_cast<std::int32_t>(events.events.size() - 1), 1};
+            Add(make_shared<CommandEditorEvents>(doc_, events));
+        } else if (choice < 127) {
+            const int pin = Pins().empty() || Pick(0, 4) == 0 ? -1 : AnyPin();
+            Add(make_shared<CommandSel>(doc_, selection_, "Pin Selection", 13, pin, Pick(0, 4),
+                                        Pick(0, 1) == 0));
+        } else if (choice < 128) {
+            for (int move = Pick(1, 5); move > 0; --move) {
+                BgPlacement placement = BgPlacement::Of(doc_.background);
+                placement.offsetX += PickFloat(-3, 3);
+                placement.alpha = static_cast<std::uint8_t>(Pick(0, 255));
+                Add(make_shared<CommandBgChange>(doc_, "Change Background Offset", 40, placement));
+            }
+            stack_.FinishDrag(40, true);
+        } else if (choice < 129) {
+            Add(make_shared<CommandBgToggle>(doc_));
+        } else {
+            Add(make_shared<CommandBgColor>(hub_,
+                                            static_cast<std::uint32_t>(Pick(0, 0xFFFFFF)) | 0xFF000000u));
+        }
+    }
+
+    // The pose step of the workspace in the build mode.
+    void Refresh() {
+        FillPinPixels(view_, Pins());
+        BuildSkinGrips(doc_.Wirrel(), Pins(), view_, kModeBuild, selection_, 4.0f, grips_);
+    }
+
     // A few steps back, sometimes pressed while playback runs and stops elsewhere.
     void UndoAFew() {
         for (int n = Pick(1, 3); n > 0; --n) {
@@ -173,6 +283,7 @@ private:
     std::mt19937 rng_;
     SelectionTracker selection_;
     ViewTransform view_ = ViewTransform::OfClient(640, 480);
+    std::vector<SkinGrip> grips_;
     int names_ = 0;
 };
 

@@ -1,7 +1,8 @@
 #pragma once
 // A seeded random walk over the commands: a new document is built by random gestures as the editor's
 // views would make them (pins made, posed by FK and IK drags, re-parented, retyped, reordered, deleted;
-// frames made, chosen, deleted, reflected; animations made, renamed, deleted, chosen; repeats; now and
+// frames made, chosen, deleted, reflected; animations made, renamed, deleted, chosen; repeats; skins set
+// and dragged by every grip; editor modes, settings, events, selections and the background; now and
 // then a few undos, also during playback, so that new commands cut redo tails). Then the whole history
 // is undone and redone, and the document compared by the bytes its writer makes, with the play cursor.
 

@@ -191,7 +191,7 @@ TEST_F(PinTreeDocTest, TailThereAndBack) {
     EXPECT_EQ(PinsOf(1)[2], Pin(Bone, 0, 0, third, 2, kPinHidden));
     EXPECT_NEAR(Positions(doc.CurrentKey())[1].x, before[1].x, 1e-5f);
 
-    EndTail(doc, 1, Bone);
+    EndTail(doc.Wirrel(), doc.CurrentKey(), 1, Bone);
     EXPECT_EQ(PinsOf(0),
               (std::vector<WirrelPin>{Pin(Root, -1, 0, 1, 0), Pin(Bone, 0, 0, third + third + third, 1)}));
     EXPECT_EQ(PinsOf(1).size(), 2u);

@@ -261,6 +261,22 @@ TEST_F(ImageFileTest, WhatIsNotAReadablePictureLeavesTheSurfaceEmpty) {
     }
 }
 
+TEST_F(ImageFileTest, ATruncatedFileOfAnyFormatIsRefused) {
+    std::vector<std::uint32_t> pixels(64 * 64);
+    for (std::size_t i = 0; i < pixels.size(); ++i) {
+        pixels[i] = 0xFF000000u | static_cast<std::uint32_t>(i * 2654435761u >> 8);
+    }
+    const WirrelTexImage image = Picture(64, pixels);
+    for (const char* name : {"t.png", "t.bmp", "t.tga", "t.jpg", "t.gif", "t.pct", "t.psd"}) {
+        SCOPED_TRACE(name);
+        ASSERT_TRUE(image.Save(dir.File(name)));
+        std::filesystem::resize_file(dir.File(name), std::filesystem::file_size(dir.File(name)) * 3 / 5);
+        WirrelTexImage back;
+        EXPECT_NE(back.Load(dir.File(name)), kVylOk);
+        EXPECT_TRUE(back.surface.IsEmpty());
+    }
+}
+
 TEST_F(ImageFileTest, MemorySavesArePngAndFitTheBuffer) {
     const WirrelTexImage image = Picture(3, {0xFF102030, 0x00000000, 0x80FFFFFF});
     std::array<std::uint8_t, 4096> buffer{};

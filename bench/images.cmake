@@ -1,0 +1,1 @@
+kovra_add_bench(images_bench images_bench.cpp)
