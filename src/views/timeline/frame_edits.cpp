@@ -41,16 +41,10 @@ void TakeOut(std::vector<WirrelKey>& frames, int index, bool closeGap) {
 
 int MoveKey(std::vector<WirrelKey>& frames, const KeyMove& move) {
     WirrelKey key = frames[move.source];
-    std::uint64_t sourceStart = 0;
-    for (int i = 0; i < move.source; ++i) {
-        sourceStart += frames[i].ticks;
-    }
-    std::uint64_t target = move.target;
+    // The key begins at the drop in the result: with ripple the keys between move up by its duration.
+    const std::uint64_t target = move.target;
     if (!move.copy) {
         TakeOut(frames, move.source, move.ripple);
-        if (move.ripple && target > sourceStart) {
-            target = std::max(sourceStart, target - std::min<std::uint64_t>(target, key.ticks));
-        }
     }
     const std::uint64_t total = Total(frames);
     if (frames.empty()) {
