@@ -16,7 +16,11 @@ using kestrel2::win::InputEvent;
 namespace win = kestrel2::win;
 
 TimelineView::TimelineView(WirrelDoc& doc, EditorHub& hub, SelectionTracker& selection, aurel::Prompt& window)
-    : doc_(doc), hub_(hub), window_(window), micro_(std::make_unique<MicroTimeline>(*this, doc, selection)) {}
+    : doc_(doc),
+      hub_(hub),
+      selection_(selection),
+      window_(window),
+      micro_(std::make_unique<MicroTimeline>(*this, doc, selection)) {}
 
 TimelineView::~TimelineView() = default;
 

@@ -78,6 +78,10 @@ public:
     void SetTotalTime(float seconds);
     // The speed edit's text ("100%"); text that isn't a number changes nothing.
     void SetSpeedText(const std::string& text);
+    // A control of the band or the micro toolbar acted: `value` is a check's state (1 on), the combo's
+    // selection or the slider's position; edits go through the three setters above.
+    void OnControl(int id, int value);
+    void SetSnapIndex(int index);
     // Takes the current frame out for the editor's frame clipboard; false on the first frame.
     bool Cut(WirrelKey& clipboard);
 
@@ -96,6 +100,8 @@ private:
 
     bool Playing() const { return hub_.IsPlaying(); }
     void Send(std::shared_ptr<ICommand> command);
+    void SendKey(int key);
+    void SelectAnim(int step);
     void KeyDown(const kestrel2::win::InputEvent& event);
     void MouseMove(const kestrel2::win::InputEvent& event);
     void LeftDown(const kestrel2::win::InputEvent& event);
@@ -119,6 +125,7 @@ private:
 
     WirrelDoc& doc_;
     EditorHub& hub_;
+    SelectionTracker& selection_;
     aurel::Prompt& window_;
     std::unique_ptr<MicroTimeline> micro_;
     FrameStrip strip_;
