@@ -129,7 +129,9 @@ void MicroTimeline::PaintLane(aurel::ImageSurface& s, int lane, int top,
     const int current = static_cast<int>(doc_.cursor.frameIndex);
     for (int i = 0; i < static_cast<int>(items_.size()); ++i) {
         const MicroItem& item = items_[i];
-        if (item.pin != pin) {
+        // Items wholly outside the time area are skipped: a long animation has most of them there.
+        if (item.pin != pin || item.right < static_cast<float>(kNameColumnWidth) ||
+            item.left >= static_cast<float>(s.Width())) {
             continue;
         }
         const int pinAt = IndexOfPin(frames[item.firstFrame], record.id);
