@@ -1,0 +1,2 @@
+kovra_add_bench(timeline_bench timeline_bench.cpp)
+target_link_libraries(timeline_bench PRIVATE kovra_timeline)
