@@ -153,19 +153,7 @@ CommandSkinRotate::CommandSkinRotate(const SkinDrag& drag, const std::vector<Ski
 }
 
 void CommandSkinRotate::Redo() {
-    Wirrel& wirrel = doc_.Wirrel();
-    WirrelKey& key = doc_.CurrentKey();
-    for (int p : selected_) {
-        if (p < 0 || static_cast<std::size_t>(p) >= key.pins.size()) {
-            continue;
-        }
-        if (const WirrelSkin* skin = TexturedSkin(wirrel, key.pins[p])) {
-            WirrelSkin record = *skin;
-            record.angle += step_;
-            SetPinSkin(wirrel, key, p, record);
-        }
-    }
-    doc_.onChanged.Call();
+    EditSelectedSkins(doc_, selected_, [this](WirrelSkin& skin) { skin.angle += step_; });
 }
 
 void CommandSkinRotate::Undo() {
@@ -210,20 +198,10 @@ CommandSkinScale::CommandSkinScale(const SkinDrag& drag, const std::vector<SkinG
 }
 
 void CommandSkinScale::Redo() {
-    Wirrel& wirrel = doc_.Wirrel();
-    WirrelKey& key = doc_.CurrentKey();
-    for (int p : selected_) {
-        if (p < 0 || static_cast<std::size_t>(p) >= key.pins.size()) {
-            continue;
-        }
-        if (const WirrelSkin* skin = TexturedSkin(wirrel, key.pins[p])) {
-            WirrelSkin record = *skin;
-            record.scaleX *= factorX_;
-            record.scaleY *= factorY_;
-            SetPinSkin(wirrel, key, p, record);
-        }
-    }
-    doc_.onChanged.Call();
+    EditSelectedSkins(doc_, selected_, [this](WirrelSkin& skin) {
+        skin.scaleX *= factorX_;
+        skin.scaleY *= factorY_;
+    });
 }
 
 void CommandSkinScale::Undo() {

@@ -3,12 +3,14 @@
 // vectors in screen pixels.
 
 #include <cmath>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "anim/forward.h"
 #include "anim/skin_grips.h"
 #include "commands/skin_commands.h"
+#include "doc/skins.h"
 #include "doc/view_transform.h"
 #include "doc/wirrel_doc.h"
 
@@ -28,6 +30,21 @@ inline const WirrelSkin* SkinOfPin(WirrelDoc& doc, int pin) {
     const std::vector<WirrelPin>& pins = doc.CurrentKey().pins;
     return pin >= 0 && static_cast<std::size_t>(pin) < pins.size() ? TexturedSkin(doc.Wirrel(), pins[pin])
                                                                    : nullptr;
+}
+
+// Replaces the textured skin of each pin of `pins` in the current frame by `edit` applied to a copy of it,
+// then tells the document's listeners.
+template <typename Edit>
+void EditSelectedSkins(WirrelDoc& doc, const std::set<int>& pins, Edit edit) {
+    WirrelKey& key = doc.CurrentKey();
+    for (int p : pins) {
+        if (const WirrelSkin* skin = SkinOfPin(doc, p)) {
+            WirrelSkin record = *skin;
+            edit(record);
+            SetPinSkin(doc.Wirrel(), key, p, record);
+        }
+    }
+    doc.onChanged.Call();
 }
 
 // The grips of `pin`, or null when the table has none for it.
