@@ -265,27 +265,6 @@ TEST(Detection, FloodModesAndBounds) {
     }
 }
 
-TEST(Detection, LongSerpentineNeedsNoRecursion) {
-    // One region winding through 600 rows of a 600 pixel wide image.
-    std::vector<std::string> rows;
-    for (int y = 0; y < 600; ++y) {
-        if (y % 2 == 0) {
-            rows.emplace_back(600, '#');
-        } else {
-            std::string gap(600, '.');
-            gap[(y / 2) % 2 == 0 ? 599 : 0] = '#';
-            rows.push_back(gap);
-        }
-    }
-    auto image = Sheet(rows);
-    test::ScriptedPrompt prompt;
-    SelectionTracker images;
-    int keyChoice = -1;
-    std::vector<TexRegion> regions;
-    DetectRegions(regions, *image, prompt, keyChoice, images, 0);
-    EXPECT_EQ(regions, (std::vector<TexRegion>{{1, 0, 0, 600, 600}}));
-}
-
 // Random sheets against a plain breadth-first labelling of 8-connected pixels in scan order.
 TEST(Detection, LabelsAreTheEightConnectedRegionsInScanOrder) {
     std::mt19937 rng(5);
