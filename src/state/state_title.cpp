@@ -7,6 +7,7 @@
 
 #include "anim/playback.h"
 #include "app/app.h"
+#include "gui/theme_palette.h"
 #include "settings/lang.h"
 #include "settings/path_info.h"
 #include "settings/theme.h"
@@ -174,6 +175,7 @@ void StateTitle::CreateViews() {
 // A theme brings its own defaults for the workspace's working colours, and its padding sets the width
 // of the panel column.
 void StateTitle::OnThemeChanged() {
+    kestrel2::win::ApplyThemePalette(aurel::CurrentTheme());
     const aurel::ThemeWorkspace& colours = aurel::CurrentTheme().workspace;
     backgroundColor_ = colours.defBgColor;
     grid_.color0 = colours.defGridColor;
