@@ -13,6 +13,7 @@
 #include "settings/theme.h"
 #include "state/basic_workflow.h"
 #include "state/main_menu.h"
+#include "views/gui_main_view.h"
 
 namespace kovra {
 
@@ -55,13 +56,14 @@ StateTitle::StateTitle(ShellWindow& window, std::string programFolder, aurel::Du
     : window_(window),
       programFolder_(std::move(programFolder)),
       commandLineFile_(std::move(commandLineFile)) {
+    workspace_ = std::make_shared<GuiMainView>(document_, *this, window_.Prompt());
     workflow_ = std::make_unique<BasicWorkflow>(
         WorkflowContext{document_, stack_, *this, pinClipboard_, window_.Prompt(), [this] {
-                            playState_ = 0;
-                            pinSelection_.Clear();
-                            textureSelection_.Clear();
+                            SetPlayState(0);
+                            workspace_->ClearSelections();
                             imageSelection_.Clear();
                         }});
+    document_.onChanged.Add(this, &StateTitle::OnDocumentChanged);
 }
 
 StateTitle::~StateTitle() {
@@ -124,7 +126,7 @@ void StateTitle::AddRules() {
     menu.EnableWhen(kMenuCopy, [this] { return window_.TextBoxHasFocus(); });
     menu.EnableWhen(kMenuPaste, [this] { return pinClipboard_.HoldsPins(); });
     menu.EnableWhen(kMenuDelete, [this] {
-        return !(editMode_ == kModeTextures ? textureSelection_ : pinSelection_).selected.empty();
+        return editMode_ == kModeTextures ? !TextureSelection().selected.empty() : workspace_->HasSelection();
     });
     menu.EnableWhen(kMenuMirror, [this] { return editMode_ != kModeTextures; });
     menu.EnableWhen(kMenuFlip, [this] { return editMode_ != kModeTextures; });
@@ -165,7 +167,10 @@ void StateTitle::CreateViews() {
         area->keyListeners.Add(this, &StateTitle::OnKey);
         return area;
     };
-    workspace_ = make(kWorkspaceId, boxes.workspace, [this] { return backgroundColor_; });
+    workspace_->Create(root, kWorkspaceId, boxes.workspace.x, boxes.workspace.y, boxes.workspace.width,
+                       boxes.workspace.height);
+    root.AddChild(workspace_);
+    BindWorkspace();
     timeline_ = make(kTimelineId, boxes.timeline, [] { return aurel::CurrentTheme().ui.panelGrad2; });
     panels_ = make(kPanelsId, boxes.panels, [] { return aurel::CurrentTheme().panels.bgGrad1; });
     OnThemeChanged();
@@ -245,6 +250,7 @@ void StateTitle::Update() {
     // otherwise, and a redraw asked every frame would keep the event pump from ever idling.
     if (playState_ == 1 || lastPlayState_ != playState_) {
         window_.Redraw();
+        workspace_->Redraw();
     }
     lastPlayState_ = playState_;
 }
@@ -272,6 +278,7 @@ void StateTitle::OnTimer() {
 
 void StateTitle::SetBackgroundLoaded(bool) {
     window_.Redraw();
+    workspace_->Redraw();
 }
 
 bool StateTitle::OnCloseRequest() {

@@ -26,7 +26,13 @@ namespace aurel {
 class App;
 }
 
+namespace kestrel2::win {
+struct InputEvent;
+}
+
 namespace kovra {
+
+class GuiMainView;
 
 class StateTitle : public aurel::IState, public EditorHub, public ShellHandler {
 public:
@@ -47,9 +53,9 @@ public:
     bool OnCloseRequest() override;
 
     int EditMode() const override { return editMode_; }
-    void SetEditMode(int mode) override { editMode_ = mode; }
+    void SetEditMode(int mode) override;
     int SkinTool() const override { return skinTool_; }
-    void SetSkinTool(int tool) override { skinTool_ = tool; }
+    void SetSkinTool(int tool) override;
     int AnimListSelection() const override { return animListSelection_; }
     void SetAnimListSelection(int index) override { animListSelection_ = index; }
     bool IsPlaying() const override { return playState_ == 1; }
@@ -68,9 +74,11 @@ public:
     WirrelDoc& Document() { return document_; }
     CommandStack& Stack() { return stack_; }
     const AutoMenu& Menu() const { return *menu_; }
+    GuiMainView& Workspace() { return *workspace_; }
     PinClipboard& Clipboard() { return pinClipboard_; }
-    SelectionTracker& PinSelection() { return pinSelection_; }
-    SelectionTracker& TextureSelection() { return textureSelection_; }
+    // The workspace's trackers are the one pin and texture selection that every view shares.
+    SelectionTracker& PinSelection();
+    SelectionTracker& TextureSelection();
     SelectionTracker& ImageSelection() { return imageSelection_; }
     // Set while a long action runs; Update then does nothing.
     bool busy = false;
@@ -81,6 +89,7 @@ private:
     void RebuildFileMenus();
     void OnLanguageChanged();
     void CreateViews();
+    void BindWorkspace();
     void OnThemeChanged();
     void PlaceViews();
     void WhatsNewCheck();
@@ -95,6 +104,9 @@ private:
     void DeleteInView();
     void ChangeEditMode(int mode);
     void TogglePlayback();
+    void SetPlayState(int state);
+    void OnWorkspaceEvent(const kestrel2::win::InputEvent& event);
+    void OnDocumentChanged();
     void StepFrame(int step);
     void StepPin(int step);
     void OpenRecent(std::size_t index);
@@ -118,14 +130,13 @@ private:
     std::vector<aurel::DualString> languageFiles_;
     std::vector<aurel::DualString> themeFiles_;
     WirrelDoc document_;
-    SelectionTracker pinSelection_;
-    SelectionTracker textureSelection_;
     SelectionTracker imageSelection_;
     PinClipboard pinClipboard_;
     std::unique_ptr<aurel::MruList> recentFiles_;
     std::unique_ptr<DocumentWorkflow> workflow_;
-    // Where the workspace, the timeline and the panel column stand until those views are made.
-    std::shared_ptr<ViewArea> workspace_;
+    // Made with the state, so that its selections exist before the window does.
+    std::shared_ptr<GuiMainView> workspace_;
+    // Where the timeline and the panel column stand until those views are made.
     std::shared_ptr<ViewArea> timeline_;
     std::shared_ptr<ViewArea> panels_;
     int editMode_ = kModeTextures;
