@@ -28,6 +28,8 @@ class App;
 
 namespace kovra {
 
+class GuiTexture;
+
 class StateTitle : public aurel::IState, public EditorHub, public ShellHandler {
 public:
     // `programFolder` holds Lang/, Themes/, Examples/ and the help files and ends with a separator;
@@ -84,6 +86,14 @@ private:
     void OnThemeChanged();
     void PlaceViews();
     void WhatsNewCheck();
+    // The texture view (state_title_texture.cpp): it takes the workspace's place in texture mode.
+    void CreateTextureView(const kestrel2::win::Box& box);
+    void PlaceTextureView(const kestrel2::win::Box& box);
+    void ShowModeView();
+    void OnTextureEvent(const kestrel2::win::InputEvent& event);
+    void OnImageChosen(int image);
+    void AutoDetect();
+    void PressDeleteInTextureView();
     void UpdateMenu();
     void UpdateTitle();
 
@@ -128,6 +138,7 @@ private:
     std::shared_ptr<ViewArea> workspace_;
     std::shared_ptr<ViewArea> timeline_;
     std::shared_ptr<ViewArea> panels_;
+    std::shared_ptr<GuiTexture> texture_;
     int editMode_ = kModeTextures;
     int skinTool_ = kToolSkin;
     int animListSelection_ = -1;

@@ -134,7 +134,7 @@ void StateTitle::OnMenuCommand(int id) {
             break;
         case kMenuAutoDetect:
             if (textureMode && imageSelected) {
-                TellUnfinished(window_.Prompt());
+                AutoDetect();
             }
             break;
         case kMenuPack:
@@ -220,6 +220,10 @@ void StateTitle::Paste() {
 }
 
 void StateTitle::DeleteInView() {
+    if (editMode_ == kModeTextures) {
+        PressDeleteInTextureView();
+        return;
+    }
     if (editMode_ != kModeTextures && !pinSelection_.selected.empty() && document_.PinCount() > 0) {
         RunCommand(std::make_shared<CommandPinDelete>(document_, pinSelection_));
     }

@@ -1,6 +1,7 @@
 #include "views/texture/texture_geometry.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace kovra {
@@ -21,34 +22,11 @@ TexHitRect GripRect(const TexHitRect& body, int grip, int size) {
     const float rightX = body.right - farSide;
     const float topY = body.top - nearSide;
     const float bottomY = body.bottom - farSide;
-    float x = 0.0f;
-    float y = 0.0f;
-    switch (grip) {
-        case kGripTop:
-            x = midX, y = topY;
-            break;
-        case kGripBottom:
-            x = midX, y = bottomY;
-            break;
-        case kGripRight:
-            x = rightX, y = midY;
-            break;
-        case kGripLeft:
-            x = leftX, y = midY;
-            break;
-        case kGripTopLeft:
-            x = leftX, y = topY;
-            break;
-        case kGripTopRight:
-            x = rightX, y = topY;
-            break;
-        case kGripBottomLeft:
-            x = leftX, y = bottomY;
-            break;
-        default:
-            x = rightX, y = bottomY;
-            break;
-    }
+    // By grip: top, bottom, right, left, then the corners top left, top right, bottom left, bottom right.
+    const std::array<float, kGripMove> xs{midX, midX, rightX, leftX, leftX, rightX, leftX, rightX};
+    const std::array<float, kGripMove> ys{topY, bottomY, midY, midY, topY, topY, bottomY, bottomY};
+    const float x = xs[static_cast<std::size_t>(grip)];
+    const float y = ys[static_cast<std::size_t>(grip)];
     const auto extent = static_cast<float>(size - 1);
     return {x, y, x + extent, y + extent};
 }

@@ -15,8 +15,8 @@ namespace kovra {
 // the pixel after its last starts.
 TexHitRect ScreenRectOf(const ViewTransform& view, const WirrelTexture& texture);
 
-// Grip `grip` (0 to 7) of a texture's screen rectangle, `size` pixels wide and high: those of the top and
-// left sit on the first pixel row or column, those of the bottom and right on the last.
+// Grip `grip` (0 to 7, no other) of a texture's screen rectangle, `size` pixels wide and high: those of the
+// top and left sit on the first pixel row or column, those of the bottom and right on the last.
 TexHitRect GripRect(const TexHitRect& body, int grip, int size);
 
 // Lays out state.hitRects for the image on show: the current texture's grips and body (all -1 when it

@@ -30,9 +30,7 @@ void TextureInput::OnInput(const InputEvent& event) {
             }
             break;
         case win::kInputKeyUp:
-            state_.shiftDown = event.key == win::kVkShift ? false : state_.shiftDown;
-            state_.ctrlDown = event.key == win::kVkControl ? false : state_.ctrlDown;
-            state_.altDown = event.key == win::kVkMenu ? false : state_.altDown;
+            SetModifier(event.key, false);
             break;
         case win::kInputMouseMove:
             MouseMove(event);
@@ -69,14 +67,21 @@ bool TextureInput::KeyDown(const InputEvent& event) {
                 Delete();
             }
             return true;
+        default:
+            return SetModifier(event.key, true);
+    }
+}
+
+bool TextureInput::SetModifier(int key, bool down) {
+    switch (key) {
         case win::kVkShift:
-            state_.shiftDown = true;
+            state_.shiftDown = down;
             return true;
         case win::kVkControl:
-            state_.ctrlDown = true;
+            state_.ctrlDown = down;
             return true;
         case win::kVkMenu:
-            state_.altDown = true;
+            state_.altDown = down;
             return true;
         default:
             return false;

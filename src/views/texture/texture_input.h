@@ -39,6 +39,8 @@ public:
 
 private:
     bool KeyDown(const kestrel2::win::InputEvent& event);
+    // Keeps the state of Shift, Ctrl or Alt; false for any other key.
+    bool SetModifier(int key, bool down);
     void Escape(const kestrel2::win::InputEvent& event);
     void Delete();
     void MouseMove(const kestrel2::win::InputEvent& event);
