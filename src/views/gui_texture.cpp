@@ -60,7 +60,7 @@ void GuiTexture::Load(int) {
 }
 
 void GuiTexture::OnResize() {
-    ResizeView(state.view, ClientWidth(), ClientHeight());
+    FitClient();
     UpdateBounds();
     PlaceLoadButton();
     kovra::AddZoom(state.view, state.limits, 0.0f);
@@ -69,6 +69,19 @@ void GuiTexture::OnResize() {
 void GuiTexture::Update() {
     IGuiCustomControl::Update();
     kovra::AddZoom(state.view, state.limits, 0.0f);
+}
+
+// At zoom 1 an image pixel covers a layout pixel: on a screen of pixel ratio 2 that is two client
+// pixels, so the picture looks the same size on every screen.
+void GuiTexture::FitClient() {
+    if (ClientWidth() == 0 || ClientHeight() == 0) {
+        return;
+    }
+    const auto ratio = static_cast<float>(PixelRatio());
+    state.view.clientWidth = ClientWidth();
+    state.view.clientHeight = ClientHeight();
+    state.view.viewWidth = static_cast<float>(ClientWidth()) / ratio;
+    state.view.viewHeight = static_cast<float>(ClientHeight()) / ratio;
 }
 
 void GuiTexture::UpdateBounds() {
@@ -87,7 +100,7 @@ void GuiTexture::PlaceLoadButton() {
 
 void GuiTexture::OnPaint(aurel::ImageSurface& target) {
     if (state.view.clientWidth != target.Width() || state.view.clientHeight != target.Height()) {
-        ResizeView(state.view, target.Width(), target.Height());
+        FitClient();
     }
     // The image on show may have changed size or place since the last frame.
     UpdateBounds();

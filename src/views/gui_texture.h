@@ -62,6 +62,8 @@ protected:
     void OnResize() override;
 
 private:
+    // The view's size follows the client's.
+    void FitClient();
     // The camera's area is the image on show.
     void UpdateBounds();
     void PlaceLoadButton();

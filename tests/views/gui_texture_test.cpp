@@ -66,6 +66,9 @@ TEST(GuiTexture, AtPixelRatioTwoTheFrameAndGripsAreInDevicePixels) {
     EXPECT_EQ(frame.Height(), 240);
     const TexHitRect& grip = bound.view.state.hitRects[kGripTopLeft];
     EXPECT_EQ(grip.right - grip.left, 17.0f);
+    // At zoom 1 an image pixel covers a layout pixel, two client pixels.
+    const TexHitRect& body = bound.view.state.hitRects[kHitBody];
+    EXPECT_EQ(body.right - body.left, 40.0f);
 }
 
 }  // namespace

@@ -54,8 +54,10 @@ bool TextureInput::KeyDown(const InputEvent& event) {
             const int count = static_cast<int>(document_.Wirrel().textures.size());
             if (count > 0 && !gesture) {
                 const int current = selection_.currentItem;
-                Select(state_.shiftDown ? (current <= 0 ? count - 1 : current - 1) : (current + 1) % count,
-                       0);
+                const int next =
+                    state_.shiftDown ? (current <= 0 ? count - 1 : current - 1) : (current + 1) % count;
+                // No grip becomes hot: the mouse isn't on one.
+                Select(next, -1);
             }
             return true;
         }

@@ -148,6 +148,17 @@ void PaintNoSource(aurel::ImageSurface& target, const WirrelDoc& document, const
                     theme.messageFont, centred);
 }
 
+// Translucent fills leave their alpha in the frame; the screen must show the frame as it is, with nothing
+// of an earlier one showing through.
+void MakeOpaque(aurel::ImageSurface& target) {
+    for (int y = 0; y < target.Height(); ++y) {
+        std::uint32_t* row = target.Row(y);
+        for (int x = 0; x < target.Width(); ++x) {
+            row[x] |= 0xFF000000u;
+        }
+    }
+}
+
 void PaintMousePixel(aurel::ImageSurface& target, const TextureViewState& state, const TextureTheme& theme) {
     const int x = static_cast<int>(WorldX(state.view, static_cast<float>(state.mouseX)));
     const int y = static_cast<int>(WorldY(state.view, static_cast<float>(state.mouseY)));
@@ -221,6 +232,7 @@ void PaintTextureView(aurel::ImageSurface& target, const WirrelDoc& document,
     if (options.texts) {
         PaintMousePixel(target, state, theme);
     }
+    MakeOpaque(target);
 }
 
 }  // namespace kovra

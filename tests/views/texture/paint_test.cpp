@@ -25,6 +25,12 @@ TEST(TexturePaint, ThreeTexturesWithTheHotGripBodyOrOtherTexture) {
     bench.selection.SetHot(1, kGripBottomRight);
     bench.Paint();
     EXPECT_TRUE(Matches(bench, "three_textures"));
+    // Translucent fills leave no alpha behind: nothing of an earlier frame may show through on screen.
+    for (int y = 0; y < bench.frame.Height(); ++y) {
+        for (int x = 0; x < bench.frame.Width(); ++x) {
+            ASSERT_EQ(bench.frame.Row(y)[x] >> 24, 0xFFu) << x << ", " << y;
+        }
+    }
 
     // The body hot, and a texture on another image left out.
     bench.doc.Wirrel().textures.push_back(WirrelTexture{1, 0, 0, 64, 48});
