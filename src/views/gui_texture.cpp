@@ -125,9 +125,36 @@ void GuiTexture::OnInput(win::InputEvent& event) {
     Redraw();
 }
 
+// The grip held, or the one under the mouse, shows which way it sizes; the body moves, another texture
+// can be taken.
 win::Cursor GuiTexture::OnCursor() {
-    const bool overTexture = texSelection_.hotItem != -1 && !state.panning && !state.rubberBand;
-    return overTexture || state.dragging ? win::Cursor::Hand : win::Cursor::Arrow;
+    if (state.panning || state.rubberBand) {
+        return win::Cursor::Arrow;
+    }
+    const int part = state.dragging ? texSelection_.currentPart : texSelection_.hotPart;
+    const bool onCurrent = state.dragging || texSelection_.hotItem == texSelection_.currentItem;
+    if (texSelection_.hotItem == -1 && !state.dragging) {
+        return win::Cursor::Arrow;
+    }
+    if (!onCurrent || part < 0) {
+        return win::Cursor::Hand;
+    }
+    switch (part) {
+        case kGripTop:
+        case kGripBottom:
+            return win::Cursor::SizeVertical;
+        case kGripLeft:
+        case kGripRight:
+            return win::Cursor::SizeHorizontal;
+        case kGripTopLeft:
+        case kGripBottomRight:
+            return win::Cursor::SizeDiagonal;
+        case kGripTopRight:
+        case kGripBottomLeft:
+            return win::Cursor::SizeAntiDiagonal;
+        default:
+            return win::Cursor::SizeAll;
+    }
 }
 
 void GuiTexture::OnTimer(int timerId) {

@@ -57,6 +57,26 @@ TEST(GuiTexture, DrawsAndDragsThroughItsControlAndPassesOnWhatItDoesNotUse) {
     EXPECT_GE(bound.passedOn, 1);
 }
 
+TEST(GuiTexture, TheCursorShowsWhatAPressWouldTakeHold) {
+    Bound bound(1.0);
+    bound.doc.Wirrel().textures = {WirrelTexture{0, 10, 10, 20, 20}, WirrelTexture{0, 40, 30, 10, 10}};
+    bound.selection.SetCurrent(0, 0);
+    bound.view.Paint();
+    using kestrel2::win::Cursor;
+    struct Case {
+        int x, y;
+        Cursor cursor;
+    };
+    // The current texture lies at client 58 to 78 across and 46 to 66 down, the other at 88, 66.
+    for (const Case& c :
+         {Case{68, 56, Cursor::SizeAll}, Case{77, 56, Cursor::SizeHorizontal},
+          Case{68, 47, Cursor::SizeVertical}, Case{55, 44, Cursor::SizeDiagonal},
+          Case{77, 44, Cursor::SizeAntiDiagonal}, Case{93, 71, Cursor::Hand}, Case{10, 10, Cursor::Arrow}}) {
+        bound.harness.Move(c.x, c.y);
+        EXPECT_EQ(bound.view.OnCursor(), c.cursor) << c.x << ", " << c.y;
+    }
+}
+
 TEST(GuiTexture, AtPixelRatioTwoTheFrameAndGripsAreInDevicePixels) {
     Bound bound(2.0);
     bound.doc.Wirrel().textures.push_back(WirrelTexture{0, 10, 10, 20, 20});
