@@ -14,6 +14,7 @@
 #include "state/basic_workflow.h"
 #include "state/main_menu.h"
 #include "views/gui_main_view.h"
+#include "views/gui_texture.h"
 
 namespace kovra {
 
@@ -62,6 +63,9 @@ StateTitle::StateTitle(ShellWindow& window, std::string programFolder, aurel::Du
                             SetPlayState(0);
                             workspace_->ClearSelections();
                             imageSelection_.Clear();
+                            if (texture_) {
+                                texture_->ClearForLoad();
+                            }
                         }});
     document_.onChanged.Add(this, &StateTitle::OnDocumentChanged);
 }
@@ -171,6 +175,7 @@ void StateTitle::CreateViews() {
                        boxes.workspace.height);
     root.AddChild(workspace_);
     BindWorkspace();
+    CreateTextureView(boxes.workspace);
     timeline_ = make(kTimelineId, boxes.timeline, [] { return aurel::CurrentTheme().ui.panelGrad2; });
     panels_ = make(kPanelsId, boxes.panels, [] { return aurel::CurrentTheme().panels.bgGrad1; });
     OnThemeChanged();
@@ -196,6 +201,7 @@ void StateTitle::PlaceViews() {
     workspace_->SetPos(boxes.workspace.x, boxes.workspace.y, boxes.workspace.width, boxes.workspace.height);
     timeline_->SetPos(boxes.timeline.x, boxes.timeline.y, boxes.timeline.width, boxes.timeline.height);
     panels_->SetPos(boxes.panels.x, boxes.panels.y, boxes.panels.width, boxes.panels.height);
+    PlaceTextureView(boxes.workspace);
     workspace_->SetAnchors(true, true, true, true);
     timeline_->SetAnchors(true, false, true, true);
     panels_->SetAnchors(false, true, true, true);
@@ -241,6 +247,7 @@ void StateTitle::Update() {
     }
     UpdateMenu();
     UpdateTitle();
+    ShowModeView();
     const float elapsed = app_->Elapsed();
     if (playState_ == 1 && document_.HasCurrentAnim()) {
         Advance(document_, lastPlayState_ == 1 ? elapsed - lastElapsed_ : 0.0f);

@@ -33,6 +33,7 @@ struct InputEvent;
 namespace kovra {
 
 class GuiMainView;
+class GuiTexture;
 
 class StateTitle : public aurel::IState, public EditorHub, public ShellHandler {
 public:
@@ -93,6 +94,14 @@ private:
     void OnThemeChanged();
     void PlaceViews();
     void WhatsNewCheck();
+    // The texture view (state_title_texture.cpp): it takes the workspace's place in texture mode.
+    void CreateTextureView(const kestrel2::win::Box& box);
+    void PlaceTextureView(const kestrel2::win::Box& box);
+    void ShowModeView();
+    void OnTextureEvent(const kestrel2::win::InputEvent& event);
+    void OnImageChosen(int image);
+    void AutoDetect();
+    void PressDeleteInTextureView();
     void UpdateMenu();
     void UpdateTitle();
 
@@ -139,6 +148,7 @@ private:
     // Where the timeline and the panel column stand until those views are made.
     std::shared_ptr<ViewArea> timeline_;
     std::shared_ptr<ViewArea> panels_;
+    std::shared_ptr<GuiTexture> texture_;
     int editMode_ = kModeTextures;
     int skinTool_ = kToolSkin;
     int animListSelection_ = -1;

@@ -132,7 +132,7 @@ void StateTitle::OnMenuCommand(int id) {
             break;
         case kMenuAutoDetect:
             if (textureMode && imageSelected) {
-                TellUnfinished(window_.Prompt());
+                AutoDetect();
             }
             break;
         case kMenuPack:

@@ -76,7 +76,9 @@ void StateTitle::OnDocumentChanged() {
 
 // The menu's Delete is the Delete key given to the workspace, which deletes what its mode selects.
 void StateTitle::DeleteInView() {
-    if (editMode_ != kModeTextures) {
+    if (editMode_ == kModeTextures) {
+        PressDeleteInTextureView();
+    } else {
         workspace_->PressKey(kestrel2::win::kVkDelete);
     }
 }
