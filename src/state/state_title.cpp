@@ -64,6 +64,9 @@ StateTitle::StateTitle(ShellWindow& window, std::string programFolder, aurel::Du
 }
 
 StateTitle::~StateTitle() {
+    if (panels_) {
+        panels_->Detach();
+    }
     aurel::LanguageListeners().Remove(this, &StateTitle::OnLanguageChanged);
     aurel::ThemeListeners().Remove(this, &StateTitle::OnThemeChanged);
 }
@@ -166,7 +169,11 @@ void StateTitle::CreateViews() {
     };
     workspace_ = make(kWorkspaceId, boxes.workspace, [this] { return backgroundColor_; });
     timeline_ = make(kTimelineId, boxes.timeline, [] { return aurel::CurrentTheme().ui.panelGrad2; });
-    panels_ = make(kPanelsId, boxes.panels, [] { return aurel::CurrentTheme().panels.bgGrad1; });
+    panels_ = kestrel2::win::MakeChild<GuiNav>(
+        root, kPanelsId, boxes.panels.x, boxes.panels.y, boxes.panels.width, boxes.panels.height,
+        NavContext{document_, *this, window_.Prompt(), pinSelection_, textureSelection_, imageSelection_});
+    panels_->commandListeners.Add(this, &StateTitle::RunCommand);
+    panels_->pasteBackground = [this] { PasteBackground(); };
     OnThemeChanged();
     aurel::ThemeListeners().AddUnique(this, &StateTitle::OnThemeChanged);
 }

@@ -60,13 +60,21 @@ GuiNav::GuiNav(const NavContext& context)
 }
 
 GuiNav::~GuiNav() {
+    Detach();
+}
+
+void GuiNav::Detach() {
+    if (!attached_) {
+        return;
+    }
+    attached_ = false;
     document_.onChanged.Remove(this, &GuiNav::OnDocumentChanged);
     pins_.onSelectionChanged.Remove(this, &GuiNav::OnSelectionChanged);
     pins_.onCurrentChanged.Remove(this, &GuiNav::OnCurrentChanged);
-    textures_.onCurrentChanged.Remove(this, &GuiNav::OnCurrentChanged);
-    images_.onCurrentChanged.Remove(this, &GuiNav::OnCurrentChanged);
     textures_.onSelectionChanged.Remove(this, &GuiNav::OnSelectionChanged);
+    textures_.onCurrentChanged.Remove(this, &GuiNav::OnCurrentChanged);
     images_.onSelectionChanged.Remove(this, &GuiNav::OnSelectionChanged);
+    images_.onCurrentChanged.Remove(this, &GuiNav::OnCurrentChanged);
 }
 
 void GuiNav::OnCreated() {
@@ -75,7 +83,7 @@ void GuiNav::OnCreated() {
 
 void GuiNav::Update() {
     IGuiCustomControl::Update();
-    if (built_ && (hub_.EditMode() != shownMode_ || hub_.SkinTool() != shownTool_)) {
+    if (built_ && attached_ && (hub_.EditMode() != shownMode_ || hub_.SkinTool() != shownTool_)) {
         SetMode(hub_.EditMode());
     }
 }
@@ -133,7 +141,7 @@ void GuiNav::BuildModePanel() {
     auto panel = AddPanel(kNavEditModePanel, "EditModePanel", std::make_shared<GuiSubPanel>());
     const double ratio = PixelRatio();
     const int bar = GuiSubPanel::BarHeight();
-    auto modes = Add<GuiToolbar>(*panel, kNavEditMode, kInset, bar + 4, 4 * GuiToolbar::kButtonSize + 8,
+    auto modes = Add<GuiToolbar>(*panel, kNavEditMode, kInset, bar + 4, panel->width - 2 * kInset,
                                  GuiToolbar::kButtonSize + 2, ratio);
     const aurel::ThemeIcons& icons = aurel::CurrentTheme().icons;
     modes->SetLang("NAV", "", "EditModeSelTip");
@@ -145,13 +153,13 @@ void GuiNav::BuildModePanel() {
     modes->AddButton(
         Tool(kNavModeAnimate + 3, "Background", icons.editModeBgIco, "Bg", ToolStyle::Radio, ratio));
     const int second = bar + 8 + GuiToolbar::kButtonSize;
-    auto options = Add<GuiToolbar>(*panel, kNavOptions, kInset, second, 2 * GuiToolbar::kButtonSize + 8,
+    auto options = Add<GuiToolbar>(*panel, kNavOptions, kInset, second, panel->width - 2 * kInset,
                                    GuiToolbar::kButtonSize + 2, ratio);
     options->SetLang("NAV", "", "EditModeSelBonesTip");
     options->AddButton(Tool(kNavOptionIk, "OptionIk", icons.optionIk, "IK", ToolStyle::Check, ratio));
     options->AddButton(
         Tool(kNavOptionRotate, "OptionRotate", icons.optionRotate, "Rc", ToolStyle::Check, ratio));
-    auto tools = Add<GuiToolbar>(*panel, kNavTools, kInset, second, 3 * GuiToolbar::kButtonSize + 8,
+    auto tools = Add<GuiToolbar>(*panel, kNavTools, kInset, second, panel->width - 2 * kInset,
                                  GuiToolbar::kButtonSize + 2, ratio);
     tools->SetLang("NAV", "", "EditModeSelSkinsTip");
     tools->AddButton(Tool(kNavToolSkin, "ToolSkinning", icons.toolSkinning, "Sk", ToolStyle::Radio, ratio));
@@ -257,6 +265,7 @@ void GuiNav::BuildBgPanel() {
     source->langSection = "NAV";
     source->AddLangString("BgSourceNone");
     source->AddLangString("BgSourceClipboard");
+    source->SetSel(0);
     Add<GuiButton>(*panel, kNavBgLoad, kInset + inner - 60, y, 60, 22)->SetLang("NAV", "BgLoad", "BgLoadTip");
     y += kRow;
     auto alphaLabel = Add<GuiLabel>(*panel, kNavBgAlpha + 100, kInset, y, 44, 22);

@@ -51,6 +51,8 @@ public:
     explicit GuiNav(const NavContext& context);
     ~GuiNav() override;
 
+    // Stops following the document and the selections, before they go away while the column stays.
+    void Detach();
     // Creates every panel and control and registers the column as the handler of each.
     void Build();
     // What a control's notification does, by the control's id.
@@ -140,6 +142,7 @@ private:
     std::vector<int> chain_;
     WirrelSkin offered_;
     bool built_ = false;
+    bool attached_ = true;
     int shownMode_ = -1;
     int shownTool_ = -1;
 };

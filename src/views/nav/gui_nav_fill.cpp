@@ -69,7 +69,7 @@ void GuiNav::OnCurrentChanged(int) {
 }
 
 void GuiNav::OnDocumentChanged() {
-    if (!built_) {
+    if (!built_ || !attached_) {
         return;
     }
     FillLists();
