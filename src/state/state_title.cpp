@@ -187,6 +187,7 @@ void StateTitle::OnThemeChanged() {
     grid_.origin = colours.defGridColor0;
     grid_.color1 = colours.defGridColor2;
     PlaceViews();
+    panels_->OnDocumentChanged();
 }
 
 // The anchors keep every edge where it is as the window changes size.

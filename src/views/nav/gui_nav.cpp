@@ -1,5 +1,6 @@
 #include "views/nav/gui_nav.h"
 
+#include "gui/gradient.h"
 #include "gui/gui_props_rows.h"
 #include "images/wirrel_tex_image.h"
 #include "settings/lang.h"
@@ -90,16 +91,7 @@ void GuiNav::Update() {
 
 void GuiNav::OnPaint(aurel::ImageSurface& target) {
     const aurel::ThemePanels& panels = aurel::CurrentTheme().panels;
-    for (int y = 0; y < target.Height(); ++y) {
-        const int steps = std::max(1, target.Height() - 1);
-        const auto mix = [&](std::uint8_t a, std::uint8_t b) {
-            return static_cast<std::uint8_t>(a + (static_cast<int>(b) - a) * y / steps);
-        };
-        target.FillRect(0, y, target.Width() - 1, y,
-                        aurel::Color32(mix(panels.bgGrad1.R(), panels.bgGrad2.R()),
-                                       mix(panels.bgGrad1.G(), panels.bgGrad2.G()),
-                                       mix(panels.bgGrad1.B(), panels.bgGrad2.B())));
-    }
+    FillGradientV(target, 0, 0, target.Width() - 1, target.Height() - 1, panels.bgGrad1, panels.bgGrad2);
 }
 
 std::shared_ptr<GuiSubPanel> GuiNav::AddPanel(int id, const std::string& key,
@@ -238,12 +230,15 @@ void GuiNav::BuildSkinPanels() {
         ->SetLang("NAV", "SkinDecZ", "SkinDecZTip");
     y += kRow;
     auto collision = Add<GuiComboBox>(*skin, kNavSkinCollision, kInset, y, inner, 22);
-    collision->SetLang("NAV", "", "");
+    collision->SetLang("NAV", "");
+    for (const char* key :
+         {"CollisionTypeNoObb", "CollisionTypeDef1", "CollisionTypeDef2", "CollisionTypeEdit"}) {
+        collision->AddLangString(key);
+    }
     y += kRow;
     auto convex = Add<GuiCheckbox>(*skin, kNavSkinConvex, kInset, y, inner, 22);
+    convex->SetLang("NAV", "", "SkinConvexTip");
     convex->SetText("Use convex hull for collision detection");
-    convex->tooltipKey = "SkinConvexTip";
-    convex->langSection = "NAV";
     // The document keeps no hull flag for a skin yet: the switch is shown but can't be used.
     convex->Enable(false);
     skin->SetFullHeight(y + kRow + 4);
@@ -262,13 +257,13 @@ void GuiNav::BuildBgPanel() {
     props->AddChangeListener(this, &GuiNav::OnPropsChanged);
     int y = props->y + props->height + 4;
     auto source = Add<GuiComboBox>(*panel, kNavBgSource, kInset, y, inner - 64, 22);
-    source->langSection = "NAV";
+    source->SetLang("NAV", "");
     source->AddLangString("BgSourceNone");
     source->AddLangString("BgSourceClipboard");
     source->SetSel(0);
     Add<GuiButton>(*panel, kNavBgLoad, kInset + inner - 60, y, 60, 22)->SetLang("NAV", "BgLoad", "BgLoadTip");
     y += kRow;
-    auto alphaLabel = Add<GuiLabel>(*panel, kNavBgAlpha + 100, kInset, y, 44, 22);
+    auto alphaLabel = Add<GuiLabel>(*panel, kNavBgAlphaLabel, kInset, y, 44, 22);
     alphaLabel->SetLabel("Alpha");
     auto alpha = Add<GuiSlider>(*panel, kNavBgAlpha, kInset + 46, y, inner - 46, 22);
     alpha->SetRange(0, 255);
@@ -292,7 +287,7 @@ void GuiNav::BuildBonePanels() {
     auto rect = Add<GuiProps>(*collision, kNavCollisionProps, kInset, bar + 4, inner, 4 * 19 + 2, window_);
     auto kinds =
         Add<GuiComboBox>(*collision, kNavCollisionType, kInset, rect->y + rect->height + 4, inner, 22);
-    kinds->langSection = "NAV";
+    kinds->SetLang("NAV", "");
     for (const char* key : {"CollisionTypeDef1", "CollisionTypeDef2", "CollisionTypeEdit"}) {
         kinds->AddLangString(key);
     }

@@ -120,13 +120,6 @@ void GuiNav::FillSkinPanels() {
     Control<GuiButton>(kNavSkinDecZ)->Enable(hasPin);
     Control<GuiLabel>(kNavSkinZ)->SetLabel(hasPin ? "Z: " + std::to_string(pin) : "Z: -");
     auto* collision = Control<GuiComboBox>(kNavSkinCollision);
-    if (collision->GetCount() == 0) {
-        collision->langSection = "NAV";
-        for (const char* key :
-             {"CollisionTypeNoObb", "CollisionTypeDef1", "CollisionTypeDef2", "CollisionTypeEdit"}) {
-            collision->AddLangString(key);
-        }
-    }
     collision->SetSel(skin ? skin->collision + 1 : -1);
 
     const auto& textures = document_.Wirrel().textures;

@@ -33,6 +33,7 @@ inline constexpr int kNavViewBg = 5025;
 inline constexpr int kNavViewCollision = 5026;
 inline constexpr int kNavBgLoad = 5027;
 inline constexpr int kNavBgAlpha = 5028;
+inline constexpr int kNavBgAlphaLabel = 5029;
 inline constexpr int kNavBgSource = 5030;
 inline constexpr int kNavEditMode = 5031;
 inline constexpr int kNavModeAnimate = 5032;  // 5032 + the edit mode
