@@ -71,6 +71,9 @@ StateTitle::StateTitle(ShellWindow& window, std::string programFolder, aurel::Du
 }
 
 StateTitle::~StateTitle() {
+    if (panels_) {
+        panels_->Detach();
+    }
     aurel::LanguageListeners().Remove(this, &StateTitle::OnLanguageChanged);
     aurel::ThemeListeners().Remove(this, &StateTitle::OnThemeChanged);
 }
@@ -177,7 +180,11 @@ void StateTitle::CreateViews() {
     BindWorkspace();
     CreateTextureView(boxes.workspace);
     timeline_ = make(kTimelineId, boxes.timeline, [] { return aurel::CurrentTheme().ui.panelGrad2; });
-    panels_ = make(kPanelsId, boxes.panels, [] { return aurel::CurrentTheme().panels.bgGrad1; });
+    panels_ = kestrel2::win::MakeChild<GuiNav>(
+        root, kPanelsId, boxes.panels.x, boxes.panels.y, boxes.panels.width, boxes.panels.height,
+        NavContext{document_, *this, window_.Prompt(), PinSelection(), TextureSelection(), imageSelection_});
+    panels_->commandListeners.Add(this, &StateTitle::RunCommand);
+    panels_->pasteBackground = [this] { PasteBackground(); };
     OnThemeChanged();
     aurel::ThemeListeners().AddUnique(this, &StateTitle::OnThemeChanged);
 }
@@ -192,6 +199,7 @@ void StateTitle::OnThemeChanged() {
     grid_.origin = colours.defGridColor0;
     grid_.color1 = colours.defGridColor2;
     PlaceViews();
+    panels_->OnDocumentChanged();
 }
 
 // The anchors keep every edge where it is as the window changes size.

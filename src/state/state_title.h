@@ -21,6 +21,7 @@
 #include "state/pin_clipboard.h"
 #include "state/shell_window.h"
 #include "state/view_area.h"
+#include "views/nav/gui_nav.h"
 
 namespace aurel {
 class App;
@@ -147,7 +148,7 @@ private:
     std::shared_ptr<GuiMainView> workspace_;
     // Where the timeline and the panel column stand until those views are made.
     std::shared_ptr<ViewArea> timeline_;
-    std::shared_ptr<ViewArea> panels_;
+    std::shared_ptr<GuiNav> panels_;  // the navigation column
     std::shared_ptr<GuiTexture> texture_;
     int editMode_ = kModeTextures;
     int skinTool_ = kToolSkin;
