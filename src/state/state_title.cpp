@@ -12,6 +12,8 @@
 #include "settings/theme.h"
 #include "state/basic_workflow.h"
 #include "state/main_menu.h"
+#include "views/dialogs/gui_dlg_history.h"
+#include "views/dialogs/gui_dlg_quick.h"
 
 namespace kovra {
 
@@ -106,6 +108,13 @@ void StateTitle::Init() {
 }
 
 void StateTitle::Shutdown() {
+    // The modeless dialogs keep their places in the settings before the App writes them.
+    if (history_) {
+        history_->Close();
+    }
+    if (quick_) {
+        quick_->Close();
+    }
     window_.Detach();
     aurel::LanguageListeners().Remove(this, &StateTitle::OnLanguageChanged);
     aurel::ThemeListeners().Remove(this, &StateTitle::OnThemeChanged);

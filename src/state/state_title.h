@@ -28,6 +28,9 @@ class App;
 
 namespace kovra {
 
+class GuiDlgHistory;
+class GuiDlgQuick;
+
 class StateTitle : public aurel::IState, public EditorHub, public ShellHandler {
 public:
     // `programFolder` holds Lang/, Themes/, Examples/ and the help files and ends with a separator;
@@ -47,9 +50,15 @@ public:
     bool OnCloseRequest() override;
 
     int EditMode() const override { return editMode_; }
-    void SetEditMode(int mode) override { editMode_ = mode; }
+    void SetEditMode(int mode) override {
+        editMode_ = mode;
+        ShowQuickPage();
+    }
     int SkinTool() const override { return skinTool_; }
-    void SetSkinTool(int tool) override { skinTool_ = tool; }
+    void SetSkinTool(int tool) override {
+        skinTool_ = tool;
+        ShowQuickPage();
+    }
     int AnimListSelection() const override { return animListSelection_; }
     void SetAnimListSelection(int index) override { animListSelection_ = index; }
     bool IsPlaying() const override { return playState_ == 1; }
@@ -101,6 +110,11 @@ private:
     void LoadLanguageAt(std::size_t index);
     void LoadThemeAt(std::size_t index);
     void ShowTextFile(const std::string& file, const aurel::DualString& title);
+    // The dialogs, opened from the menu and keys.
+    void OpenDialog(int menuId);
+    GuiDlgQuick& QuickDialog();
+    // The quick help follows the edit mode and the build tool.
+    void ShowQuickPage();
     void Exit();
 
     aurel::App* app_ = nullptr;
@@ -134,6 +148,9 @@ private:
     // The workspace's working grid and fill colour: theme defaults at start, kept across documents.
     WorkGrid grid_;
     aurel::Color32 backgroundColor_;
+    // The dialogs that may stay open beside the editor, made when first needed.
+    std::shared_ptr<GuiDlgHistory> history_;
+    std::shared_ptr<GuiDlgQuick> quick_;
 };
 
 }  // namespace kovra
