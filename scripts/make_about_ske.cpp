@@ -15,9 +15,10 @@ using kovra::WirrelPin;
 
 constexpr float kTurn = 6.2831855f;
 
-// A direction given in turns, kept in [0, 1) of a turn as the document wants its angles.
+// A direction given in turns counted anticlockwise from the right, as on paper; the workspace's y axis
+// points down, so the document's angle turns the other way, kept in [0, 1) of a turn.
 float Turns(float turns) {
-    return kTurn * (turns - std::floor(turns));
+    return kTurn * (-turns - std::floor(-turns));
 }
 
 WirrelPin Pin(int id, int parent, float turns, float length) {

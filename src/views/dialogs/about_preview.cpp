@@ -11,8 +11,10 @@ namespace kovra {
 namespace {
 
 constexpr int kTimerId = 1;
-// The figure stands about eight units high; the stage shows nine.
-constexpr float kStageUnits = 9.0f;
+// The figure stands about eight units high, its waving hand above its head; the stage shows ten, a
+// little above the origin.
+constexpr float kStageUnits = 10.0f;
+constexpr float kStageCentreY = -0.5f;
 
 }  // namespace
 
@@ -52,6 +54,7 @@ void AboutPreview::OnPaint(aurel::ImageSurface& target) {
     const int height = ClientHeight();
     state_.view = ViewTransform::OfClient(width, height);
     state_.view.zoom = static_cast<float>(height) / (kStageUnits * 32.0f);
+    state_.view.cameraY = kStageCentreY;
     target.Clear(colours.background);
     if (!PaintWorkspace(figure_, state_, look, colours, DefaultEdgeFade(), buffers_,
                         kLayerBackdrop | kLayerSkins | kLayerBones | kLayerPins)) {

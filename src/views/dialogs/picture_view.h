@@ -10,6 +10,8 @@ namespace kovra {
 
 class PictureView : public kestrel2::win::IGuiCustomControl {
 public:
+    PictureView() { font.size = 15; }
+
     // A copy of the picture is shown; an empty one shows the message.
     void SetPicture(const aurel::ImageSurface& picture);
     void SetMessage(const std::string& message);

@@ -20,7 +20,7 @@ struct ListRow {
 
 class RowList : public kestrel2::win::IGuiCustomControl {
 public:
-    explicit RowList(bool checkBoxes) : checkBoxes_(checkBoxes) {}
+    explicit RowList(bool checkBoxes) : checkBoxes_(checkBoxes) { font.size = 15; }
 
     void SetRows(std::vector<ListRow> rows);
     const std::vector<ListRow>& Rows() const { return rows_; }
