@@ -15,6 +15,8 @@
 #include "state/main_menu.h"
 #include "views/gui_main_view.h"
 #include "views/gui_texture.h"
+#include "views/dialogs/gui_dlg_history.h"
+#include "views/dialogs/gui_dlg_quick.h"
 
 namespace kovra {
 
@@ -116,6 +118,13 @@ void StateTitle::Init() {
 }
 
 void StateTitle::Shutdown() {
+    // The modeless dialogs keep their places in the settings before the App writes them.
+    if (history_) {
+        history_->Close();
+    }
+    if (quick_) {
+        quick_->Close();
+    }
     window_.Detach();
     aurel::LanguageListeners().Remove(this, &StateTitle::OnLanguageChanged);
     aurel::ThemeListeners().Remove(this, &StateTitle::OnThemeChanged);

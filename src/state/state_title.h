@@ -35,6 +35,8 @@ namespace kovra {
 
 class GuiMainView;
 class GuiTexture;
+class GuiDlgHistory;
+class GuiDlgQuick;
 
 class StateTitle : public aurel::IState, public EditorHub, public ShellHandler {
 public:
@@ -123,6 +125,11 @@ private:
     void LoadLanguageAt(std::size_t index);
     void LoadThemeAt(std::size_t index);
     void ShowTextFile(const std::string& file, const aurel::DualString& title);
+    // The dialogs, opened from the menu and keys.
+    void OpenDialog(int menuId);
+    GuiDlgQuick& QuickDialog();
+    // The quick help follows the edit mode and the build tool.
+    void ShowQuickPage();
     void Exit();
 
     aurel::App* app_ = nullptr;
@@ -156,6 +163,9 @@ private:
     // The workspace's working grid and fill colour: theme defaults at start, kept across documents.
     WorkGrid grid_;
     aurel::Color32 backgroundColor_;
+    // The dialogs that may stay open beside the editor, made when first needed.
+    std::shared_ptr<GuiDlgHistory> history_;
+    std::shared_ptr<GuiDlgQuick> quick_;
 };
 
 }  // namespace kovra

@@ -93,6 +93,7 @@ void StateTitle::OnMenuCommand(int id) {
             window_.Prompt().Tell("Not yet...",
                                   "This is placeholder functionality. This feature will be implemented in a "
                                   "future version of Kovra.");
+            OpenDialog(id);
             break;
         case kMenuExit:
             Exit();
@@ -137,7 +138,7 @@ void StateTitle::OnMenuCommand(int id) {
             break;
         case kMenuPack:
             if (textureMode && imageSelected) {
-                TellUnfinished(window_.Prompt());
+                OpenDialog(id);
             } else {
                 PasteBackground();
             }
@@ -145,15 +146,15 @@ void StateTitle::OnMenuCommand(int id) {
         case kMenuPasteBackground:
             PasteBackground();
             break;
-        case kMenuHistory:
-        case kMenuNotes:
         case kMenuEvents:
-        case kMenuQuickKeys:
-        case kMenuAbout:
             TellUnfinished(window_.Prompt());
             break;
+        case kMenuHistory:
+        case kMenuNotes:
+        case kMenuQuickKeys:
+        case kMenuAbout:
         case kMenuChangeLog:
-            ShowTextFile("Changes.txt", aurel::Lang("DIALOG", "NewTitle"));
+            OpenDialog(id);
             break;
         default:
             break;

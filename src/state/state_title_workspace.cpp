@@ -35,11 +35,13 @@ void StateTitle::BindWorkspace() {
 void StateTitle::SetEditMode(int mode) {
     editMode_ = mode;
     workspace_->SetEditMode(mode);
+    ShowQuickPage();
 }
 
 void StateTitle::SetSkinTool(int tool) {
     skinTool_ = tool;
     workspace_->SetSkinTool(tool);
+    ShowQuickPage();
 }
 
 void StateTitle::SetPlayState(int state) {
