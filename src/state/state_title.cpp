@@ -152,6 +152,9 @@ void StateTitle::RebuildFileMenus() {
 void StateTitle::OnLanguageChanged() {
     menu_->ApplyLanguage();
     RebuildFileMenus();
+    if (timeline_) {
+        timeline_->ApplyLanguage();
+    }
 }
 
 void StateTitle::CreateViews() {
@@ -165,7 +168,14 @@ void StateTitle::CreateViews() {
         return area;
     };
     workspace_ = make(kWorkspaceId, boxes.workspace, [this] { return backgroundColor_; });
-    timeline_ = make(kTimelineId, boxes.timeline, [] { return aurel::CurrentTheme().ui.panelGrad2; });
+    timeline_ = kestrel2::win::MakeChild<GuiFrames>(root, kTimelineId, boxes.timeline.x, boxes.timeline.y,
+                                                    boxes.timeline.width, boxes.timeline.height, document_,
+                                                    *this, PinSelection(), window_.Prompt());
+    timeline_->commandListeners.Add(this, &StateTitle::RunCommand);
+    timeline_->dragEndListeners.Add(&stack_, &CommandStack::FinishDrag);
+    timeline_->eventListeners.Add(this, &StateTitle::OnTimelineEvent);
+    timeline_->eventsDialogListeners.Add(this, &StateTitle::OnEventsDialog);
+    document_.onChanged.Add(timeline_.get(), &GuiFrames::Invalidate);
     panels_ = make(kPanelsId, boxes.panels, [] { return aurel::CurrentTheme().panels.bgGrad1; });
     OnThemeChanged();
     aurel::ThemeListeners().AddUnique(this, &StateTitle::OnThemeChanged);
@@ -179,13 +189,15 @@ void StateTitle::OnThemeChanged() {
     grid_.color0 = colours.defGridColor;
     grid_.origin = colours.defGridColor0;
     grid_.color1 = colours.defGridColor2;
+    timeline_->OnThemeChanged();
     PlaceViews();
 }
 
 // The anchors keep every edge where it is as the window changes size.
 void StateTitle::PlaceViews() {
     const kestrel2::win::Gui& root = window_.Root();
-    const ViewBoxes boxes = LayOutViews(root.width, root.height, aurel::CurrentTheme().panels.padding);
+    const ViewBoxes boxes =
+        LayOutViews(root.width, root.height, aurel::CurrentTheme().panels.padding, timeline_->Extended());
     workspace_->SetPos(boxes.workspace.x, boxes.workspace.y, boxes.workspace.width, boxes.workspace.height);
     timeline_->SetPos(boxes.timeline.x, boxes.timeline.y, boxes.timeline.width, boxes.timeline.height);
     panels_->SetPos(boxes.panels.x, boxes.panels.y, boxes.panels.width, boxes.panels.height);

@@ -21,6 +21,7 @@
 #include "state/pin_clipboard.h"
 #include "state/shell_window.h"
 #include "state/view_area.h"
+#include "views/gui_frames.h"
 
 namespace aurel {
 class App;
@@ -101,6 +102,10 @@ private:
     void LoadLanguageAt(std::size_t index);
     void LoadThemeAt(std::size_t index);
     void ShowTextFile(const std::string& file, const aurel::DualString& title);
+    // Keys the timeline passes on; its extended view, shown and hidden by the key T.
+    void OnTimelineEvent(const kestrel2::win::InputEvent& event);
+    void OnEventsDialog(int frame);
+    void ToggleExtendedTimeline();
     void Exit();
 
     aurel::App* app_ = nullptr;
@@ -126,7 +131,7 @@ private:
     std::unique_ptr<DocumentWorkflow> workflow_;
     // Where the workspace, the timeline and the panel column stand until those views are made.
     std::shared_ptr<ViewArea> workspace_;
-    std::shared_ptr<ViewArea> timeline_;
+    std::shared_ptr<GuiFrames> timeline_;
     std::shared_ptr<ViewArea> panels_;
     int editMode_ = kModeTextures;
     int skinTool_ = kToolSkin;

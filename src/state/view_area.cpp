@@ -1,5 +1,7 @@
 #include "state/view_area.h"
 
+#include <algorithm>
+
 namespace kovra {
 
 namespace {
@@ -16,12 +18,12 @@ void ViewArea::OnInput(kestrel2::win::InputEvent& event) {
     }
 }
 
-ViewBoxes LayOutViews(int width, int height, int padding) {
+ViewBoxes LayOutViews(int width, int height, int padding, bool timelineExtended) {
     const int column = kPanelWidth + 2 * padding;
     const int left = width - column;
-    return {{0, 0, left, height - kTimelineHeight},
-            {0, height - kTimelineHeight, left, kTimelineHeight},
-            {left, 0, column, height}};
+    const int timeline = timelineExtended ? std::max(kTimelineHeight, height / 2) : kTimelineHeight;
+    return {
+        {0, 0, left, height - timeline}, {0, height - timeline, left, timeline}, {left, 0, column, height}};
 }
 
 }  // namespace kovra
