@@ -171,24 +171,28 @@ void StateTitle::RebuildFileMenus() {
 void StateTitle::OnLanguageChanged() {
     menu_->ApplyLanguage();
     RebuildFileMenus();
+    if (timeline_) {
+        timeline_->ApplyLanguage();
+    }
 }
 
 void StateTitle::CreateViews() {
     kestrel2::win::Gui& root = window_.Root();
     const aurel::Theme& theme = aurel::CurrentTheme();
     const ViewBoxes boxes = LayOutViews(root.width, root.height, theme.panels.padding);
-    auto make = [&](int id, const kestrel2::win::Box& box, std::function<aurel::Color32()> colour) {
-        auto area = kestrel2::win::MakeChild<ViewArea>(root, id, box.x, box.y, box.width, box.height,
-                                                       std::move(colour));
-        area->keyListeners.Add(this, &StateTitle::OnKey);
-        return area;
-    };
     workspace_->Create(root, kWorkspaceId, boxes.workspace.x, boxes.workspace.y, boxes.workspace.width,
                        boxes.workspace.height);
     root.AddChild(workspace_);
     BindWorkspace();
     CreateTextureView(boxes.workspace);
-    timeline_ = make(kTimelineId, boxes.timeline, [] { return aurel::CurrentTheme().ui.panelGrad2; });
+    timeline_ = kestrel2::win::MakeChild<GuiFrames>(root, kTimelineId, boxes.timeline.x, boxes.timeline.y,
+                                                    boxes.timeline.width, boxes.timeline.height, document_,
+                                                    *this, PinSelection(), window_.Prompt());
+    timeline_->commandListeners.Add(this, &StateTitle::RunCommand);
+    timeline_->dragEndListeners.Add(&stack_, &CommandStack::FinishDrag);
+    timeline_->eventListeners.Add(this, &StateTitle::OnTimelineEvent);
+    timeline_->eventsDialogListeners.Add(this, &StateTitle::OnEventsDialog);
+    document_.onChanged.Add(timeline_.get(), &GuiFrames::Invalidate);
     panels_ = kestrel2::win::MakeChild<GuiNav>(
         root, kPanelsId, boxes.panels.x, boxes.panels.y, boxes.panels.width, boxes.panels.height,
         NavContext{document_, *this, window_.Prompt(), PinSelection(), TextureSelection(), imageSelection_});
@@ -207,6 +211,7 @@ void StateTitle::OnThemeChanged() {
     grid_.color0 = colours.defGridColor;
     grid_.origin = colours.defGridColor0;
     grid_.color1 = colours.defGridColor2;
+    timeline_->OnThemeChanged();
     PlaceViews();
     panels_->OnDocumentChanged();
 }
@@ -214,7 +219,8 @@ void StateTitle::OnThemeChanged() {
 // The anchors keep every edge where it is as the window changes size.
 void StateTitle::PlaceViews() {
     const kestrel2::win::Gui& root = window_.Root();
-    const ViewBoxes boxes = LayOutViews(root.width, root.height, aurel::CurrentTheme().panels.padding);
+    const ViewBoxes boxes =
+        LayOutViews(root.width, root.height, aurel::CurrentTheme().panels.padding, timeline_->Extended());
     workspace_->SetPos(boxes.workspace.x, boxes.workspace.y, boxes.workspace.width, boxes.workspace.height);
     timeline_->SetPos(boxes.timeline.x, boxes.timeline.y, boxes.timeline.width, boxes.timeline.height);
     panels_->SetPos(boxes.panels.x, boxes.panels.y, boxes.panels.width, boxes.panels.height);

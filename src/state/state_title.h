@@ -20,8 +20,9 @@
 #include "state/document_workflow.h"
 #include "state/pin_clipboard.h"
 #include "state/shell_window.h"
-#include "state/view_area.h"
+#include "state/view_layout.h"
 #include "views/nav/gui_nav.h"
+#include "views/gui_frames.h"
 
 namespace aurel {
 class App;
@@ -130,6 +131,10 @@ private:
     GuiDlgQuick& QuickDialog();
     // The quick help follows the edit mode and the build tool.
     void ShowQuickPage();
+    // Keys the timeline passes on; its extended view, shown and hidden by the key T.
+    void OnTimelineEvent(const kestrel2::win::InputEvent& event);
+    void OnEventsDialog(int frame);
+    void ToggleExtendedTimeline();
     void Exit();
 
     aurel::App* app_ = nullptr;
@@ -153,8 +158,7 @@ private:
     std::unique_ptr<DocumentWorkflow> workflow_;
     // Made with the state, so that its selections exist before the window does.
     std::shared_ptr<GuiMainView> workspace_;
-    // Where the timeline and the panel column stand until those views are made.
-    std::shared_ptr<ViewArea> timeline_;
+    std::shared_ptr<GuiFrames> timeline_;
     std::shared_ptr<GuiNav> panels_;  // the navigation column
     std::shared_ptr<GuiTexture> texture_;
     int editMode_ = kModeTextures;

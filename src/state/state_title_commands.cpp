@@ -183,6 +183,9 @@ void StateTitle::OnKey(int key) {
         case '4':
             ChangeEditMode(key - '1');
             return;
+        case 'T':
+            ToggleExtendedTimeline();
+            return;
         default:
             break;
     }
@@ -191,6 +194,22 @@ void StateTitle::OnKey(int key) {
             OnMenuCommand(id);
         }
     }
+}
+
+void StateTitle::OnTimelineEvent(const kestrel2::win::InputEvent& event) {
+    if (event.type == kestrel2::win::kInputKeyDown) {
+        OnKey(event.key);
+    }
+}
+
+// The events dialog is not there yet.
+void StateTitle::OnEventsDialog(int) {
+    TellUnfinished(window_.Prompt());
+}
+
+void StateTitle::ToggleExtendedTimeline() {
+    timeline_->SetExtended(!timeline_->Extended());
+    PlaceViews();
 }
 
 void StateTitle::RunCommand(std::shared_ptr<ICommand> command) {

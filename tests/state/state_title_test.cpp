@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "anim/playback.h"
 #include "app/app.h"
 #include "fake_shell_window.h"
 #include "gui/anchoring.h"
@@ -389,6 +390,42 @@ TEST_F(StateTitleTest, AThemeChosenFromTheMenuIsCheckedAndBringsItsWorkspaceColo
     EXPECT_EQ(state->BackgroundColor(), aurel::CurrentTheme().workspace.defBgColor);
     EXPECT_NE(state->BackgroundColor(), pale);
     EXPECT_EQ(state->Grid().origin, aurel::CurrentTheme().workspace.defGridColor0);
+}
+
+TEST_F(StateTitleTest, TheTimelineOpensItsLanesOnTAndPlaysAndEditsThroughTheState) {
+    Start();
+    kestrel2::win::Gui& root = window.Root();
+    auto& timeline = dynamic_cast<GuiFrames&>(*root.GetDlgControl(2));
+    state->OnKey('T');
+    EXPECT_TRUE(timeline.Extended());
+    EXPECT_EQ(timeline.height, root.height / 2);
+    EXPECT_EQ(timeline.y + timeline.height, root.height);
+    timeline.Toolbar()->Click(0x3F4);
+    EXPECT_FALSE(timeline.Extended());
+    EXPECT_EQ(timeline.height, 120);
+
+    timeline.Toolbar()->Click(0x3EE);
+    EXPECT_TRUE(state->IsPlaying());
+    timeline.Toolbar()->Click(0x3EF);
+    EXPECT_FALSE(state->IsPlaying());
+
+    // A new length from the frame count edit is one undoable step.
+    kestrel2::win::GuiEdit& count = *timeline.Edit(0x3F9);
+    count.SetText(aurel::DualString("7"));
+    count.FocusLost();
+    ASSERT_TRUE(state->Stack().CanUndo());
+    std::uint64_t ticks = 0;
+    for (const WirrelKey& key : state->Document().CurrentAnim().keys) {
+        ticks += key.ticks;
+    }
+    const WirrelDoc& doc = state->Document();
+    EXPECT_EQ(ticks, doc.Wirrel().ticksPerSecond * 7u / kSnapRates[doc.snapFrames]);
+    state->OnMenuCommand(kMenuUndo);
+    EXPECT_FALSE(state->Stack().CanUndo());
+
+    timeline.eventsDialogListeners.Call(0);
+    ASSERT_FALSE(window.prompt.asked.empty());
+    EXPECT_EQ(window.prompt.asked.back().title.Utf8(), "WIP");
 }
 
 }  // namespace
