@@ -10,7 +10,6 @@
 #include "settings/lang.h"
 #include "settings/path_info.h"
 #include "settings/theme.h"
-#include "state/basic_workflow.h"
 #include "state/main_menu.h"
 
 namespace kovra {
@@ -54,13 +53,7 @@ StateTitle::StateTitle(ShellWindow& window, std::string programFolder, aurel::Du
     : window_(window),
       programFolder_(std::move(programFolder)),
       commandLineFile_(std::move(commandLineFile)) {
-    workflow_ = std::make_unique<BasicWorkflow>(
-        WorkflowContext{document_, stack_, *this, pinClipboard_, window_.Prompt(), [this] {
-                            playState_ = 0;
-                            pinSelection_.Clear();
-                            textureSelection_.Clear();
-                            imageSelection_.Clear();
-                        }});
+    workflow_ = std::make_unique<FileWorkflow>(WorkflowContextOfState());
 }
 
 StateTitle::~StateTitle() {
@@ -96,6 +89,7 @@ void StateTitle::Init() {
     document_.Reset(true);
     CreateViews();
     New();
+    workflow_->OfferRecovery();
     for (const Accelerator& accelerator : MainAccelerators()) {
         window_.AddAccelerator(accelerator.keys, accelerator.id);
     }
@@ -106,6 +100,7 @@ void StateTitle::Init() {
 }
 
 void StateTitle::Shutdown() {
+    workflow_->EndSession();
     window_.Detach();
     aurel::LanguageListeners().Remove(this, &StateTitle::OnLanguageChanged);
     aurel::ThemeListeners().Remove(this, &StateTitle::OnThemeChanged);
@@ -263,9 +258,10 @@ void StateTitle::UpdateTitle() {
     }
 }
 
-// A theme read again reaches the views through the theme's listeners.
+// A theme read again reaches the views through the theme's listeners; the recovery copy keeps up.
 void StateTitle::OnTimer() {
     aurel::RefreshTheme(app_->Settings());
+    workflow_->TickRecovery(CrashRecovery::Clock::now());
 }
 
 void StateTitle::SetBackgroundLoaded(bool) {

@@ -17,7 +17,9 @@
 #include "doc/wirrel_doc.h"
 #include "settings/mru_list.h"
 #include "state/auto_menu.h"
-#include "state/document_workflow.h"
+#include "state/crash_recovery.h"
+#include "state/document_chooser.h"
+#include "state/file_workflow.h"
 #include "state/pin_clipboard.h"
 #include "state/shell_window.h"
 #include "state/view_area.h"
@@ -77,6 +79,8 @@ public:
 
 private:
     void AddRules();
+    // How the file commands reach the document, the views and the menus of this state.
+    WorkflowContext WorkflowContextOfState();
     void ScanFolders();
     void RebuildFileMenus();
     void OnLanguageChanged();
@@ -123,7 +127,9 @@ private:
     SelectionTracker imageSelection_;
     PinClipboard pinClipboard_;
     std::unique_ptr<aurel::MruList> recentFiles_;
-    std::unique_ptr<DocumentWorkflow> workflow_;
+    DialogDocumentChooser chooser_;
+    CrashRecovery recovery_;
+    std::unique_ptr<FileWorkflow> workflow_;
     // Where the workspace, the timeline and the panel column stand until those views are made.
     std::shared_ptr<ViewArea> workspace_;
     std::shared_ptr<ViewArea> timeline_;
