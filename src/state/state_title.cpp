@@ -11,7 +11,6 @@
 #include "settings/lang.h"
 #include "settings/path_info.h"
 #include "settings/theme.h"
-#include "state/basic_workflow.h"
 #include "state/main_menu.h"
 #include "views/gui_main_view.h"
 #include "views/gui_texture.h"
@@ -60,15 +59,7 @@ StateTitle::StateTitle(ShellWindow& window, std::string programFolder, aurel::Du
       programFolder_(std::move(programFolder)),
       commandLineFile_(std::move(commandLineFile)) {
     workspace_ = std::make_shared<GuiMainView>(document_, *this, window_.Prompt());
-    workflow_ = std::make_unique<BasicWorkflow>(
-        WorkflowContext{document_, stack_, *this, pinClipboard_, window_.Prompt(), [this] {
-                            SetPlayState(0);
-                            workspace_->ClearSelections();
-                            imageSelection_.Clear();
-                            if (texture_) {
-                                texture_->ClearForLoad();
-                            }
-                        }});
+    workflow_ = std::make_unique<FileWorkflow>(WorkflowContextOfState());
     document_.onChanged.Add(this, &StateTitle::OnDocumentChanged);
 }
 
@@ -108,6 +99,7 @@ void StateTitle::Init() {
     document_.Reset(true);
     CreateViews();
     New();
+    workflow_->OfferRecovery();
     for (const Accelerator& accelerator : MainAccelerators()) {
         window_.AddAccelerator(accelerator.keys, accelerator.id);
     }
@@ -125,6 +117,7 @@ void StateTitle::Shutdown() {
     if (quick_) {
         quick_->Close();
     }
+    workflow_->EndSession();
     window_.Detach();
     aurel::LanguageListeners().Remove(this, &StateTitle::OnLanguageChanged);
     aurel::ThemeListeners().Remove(this, &StateTitle::OnThemeChanged);
@@ -301,9 +294,10 @@ void StateTitle::UpdateTitle() {
     }
 }
 
-// A theme read again reaches the views through the theme's listeners.
+// A theme read again reaches the views through the theme's listeners; the recovery copy keeps up.
 void StateTitle::OnTimer() {
     aurel::RefreshTheme(app_->Settings());
+    workflow_->TickRecovery(CrashRecovery::Clock::now());
 }
 
 void StateTitle::SetBackgroundLoaded(bool) {

@@ -17,7 +17,9 @@
 #include "doc/wirrel_doc.h"
 #include "settings/mru_list.h"
 #include "state/auto_menu.h"
-#include "state/document_workflow.h"
+#include "state/crash_recovery.h"
+#include "state/document_chooser.h"
+#include "state/file_workflow.h"
 #include "state/pin_clipboard.h"
 #include "state/shell_window.h"
 #include "state/view_layout.h"
@@ -90,6 +92,8 @@ public:
 
 private:
     void AddRules();
+    // How the file commands reach the document, the views and the menus of this state.
+    WorkflowContext WorkflowContextOfState();
     void ScanFolders();
     void RebuildFileMenus();
     void OnLanguageChanged();
@@ -155,7 +159,9 @@ private:
     SelectionTracker imageSelection_;
     PinClipboard pinClipboard_;
     std::unique_ptr<aurel::MruList> recentFiles_;
-    std::unique_ptr<DocumentWorkflow> workflow_;
+    DialogDocumentChooser chooser_;
+    CrashRecovery recovery_;
+    std::unique_ptr<FileWorkflow> workflow_;
     // Made with the state, so that its selections exist before the window does.
     std::shared_ptr<GuiMainView> workspace_;
     std::shared_ptr<GuiFrames> timeline_;

@@ -8,9 +8,9 @@
 #include "settings/lang.h"
 #include "settings/path_info.h"
 #include "settings/theme.h"
-#include "state/basic_workflow.h"
 #include "state/main_menu.h"
 #include "state/state_title.h"
+#include "state/unfinished.h"
 #include "views/gui_main_view.h"
 
 namespace kovra {
