@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -17,10 +18,11 @@ namespace {
 
 constexpr std::uint32_t kInk = 0xFF3050E0u;
 
-// In a temporary folder, a/doc.ske with a 16 x 16 picture of ink in img/, at 8 pixels a unit, and
-// the animation "walk": a root moving from the origin to (2, 0) and a bone two units long to its right
-// that wears the whole picture as its skin, two units square. At 32 pixels a unit the skin's centre is
-// one unit right of the root.
+// In a temporary folder, a/doc.ske with a 32 x 16 picture in img/, ink on the left and clear on the
+// right, at 8 pixels a unit, and the animation "walk": a root moving from the origin to (2, 0), a bone
+// two units long to its right that wears the ink as its skin, two units square, and one six units long
+// below it that wears the clear half. At 32 pixels a unit the ink's centre is one unit right of the
+// root.
 class RenderCliTest : public testing::Test {
 protected:
     static void SetUpTestSuite() { test::StartImageLibrary(); }
@@ -29,8 +31,12 @@ protected:
         std::filesystem::create_directories(dir.Path() / "a");
         std::filesystem::create_directories(dir.Path() / "img");
         WirrelTexImage picture;
-        picture.surface.Resize(16, 16);
+        picture.surface.Resize(32, 16);
         picture.surface.Clear(aurel::Color32(kInk));
+        // The right half is clear, with colour under the zero alpha.
+        for (int y = 0; y < 16; ++y) {
+            std::fill_n(picture.surface.Row(y) + 16, 16, 0x00FF2010u);
+        }
         // One translucent corner keeps the alpha channel in the file.
         picture.surface.Row(0)[0] = 0x80FFFFFFu;
         ASSERT_TRUE(picture.Save(aurel::DualString(dir.File("img/ink.png"))));
@@ -38,13 +44,16 @@ protected:
         WirrelDoc doc;
         Wirrel w = doc.Wirrel();
         w.pixelsPerUnit = 8;
-        w.pinNames = {MakeName("root"), MakeName("arm")};
-        w.textures = {{0, 0, 0, 16, 16}};
-        w.skins = {WirrelSkin{.texture = 0}};
+        w.pinNames = {MakeName("root"), MakeName("arm"), MakeName("ghost")};
+        w.textures = {{0, 0, 0, 16, 16}, {0, 16, 0, 16, 16}};
+        w.skins = {WirrelSkin{.texture = 0}, WirrelSkin{.texture = 1}};
         const auto key = [](float rootX) {
             return WirrelKey{
-                .pins = {WirrelPin{.length = rootX, .flags = Root, .id = 0},
-                         WirrelPin{.length = 2, .flags = Bone, .skin = 0, .parent = 0, .id = 1}}};
+                .pins = {
+                    WirrelPin{.length = rootX, .flags = Root, .id = 0},
+                    WirrelPin{.length = 2, .flags = Bone, .skin = 0, .parent = 0, .id = 1},
+                    WirrelPin{
+                        .angle = 1.5707964f, .length = 6, .flags = Bone, .skin = 1, .parent = 0, .id = 2}}};
         };
         w.anims = {{MakeName("walk"), {key(0), key(2)}}};
         doc.SetWirrel(w);
@@ -120,6 +129,10 @@ TEST_F(RenderCliTest, SizeIsTakenAsGivenAlphaIsKeptAndAMissingPictureDrawsTheMis
     ASSERT_EQ(small.Width(), 96);
     ASSERT_EQ(small.Height(), 40);
     EXPECT_EQ(At(small, 60, 10), kInk) << "the skin spans x 48 to 112 about the centre at 80";
+
+    // Three units below the root at 0.5 only the clear skin lies: the sprite is clear there.
+    ASSERT_EQ(Run("render a/doc.ske walk 0.5 o.png --skins-only").code, 0);
+    EXPECT_EQ(At(Picture("o.png"), 288, 352), 0u);
 
     // The translucent corner of the picture keeps its own alpha in the sprite, not the background's.
     ASSERT_EQ(Run("render a/doc.ske walk 0 o.png --skins-only").code, 0);
