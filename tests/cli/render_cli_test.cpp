@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <fstream>
 
-#include "cli/render_options.h"
 #include "doc/wirrel_doc.h"
 #include "images/wirrel_tex_image.h"
 #include "support/image_library.h"
@@ -173,7 +172,6 @@ TEST_F(RenderCliTest, WhatCantBeRenderedIsRefusedWithOneLineAndNoFile) {
         {"a/doc.ske walk 2 o.png", 1,
          "kovra-cli: play position 2 is not within the 2 key frames of \"walk\"\n"},
         {"a/doc.ske walk 0 o.png --size 0x10", 1, "kovra-cli: size 0x10 is not WxH"},
-        {"a/doc.ske walk 0 o.png --size 64", 1, "kovra-cli: size 64 is not WxH"},
         {"a/doc.ske walk 0 o.png --size 20000x1", 1, "kovra-cli: size 20000x1 is not WxH"},
         {"a/doc.ske walk 0 o.png --zoom 0", 1, "kovra-cli: zoom 0 is not a positive number\n"},
         {"a/doc.ske walk 0 o.png --center 1:2", 1, "kovra-cli: center 1:2 is not X,Y\n"},
@@ -186,29 +184,6 @@ TEST_F(RenderCliTest, WhatCantBeRenderedIsRefusedWithOneLineAndNoFile) {
         EXPECT_EQ(result.code, c.code) << c.arguments;
         EXPECT_EQ(result.err.rfind(c.says, 0), 0u) << c.arguments << "\n" << result.err;
         EXPECT_FALSE(std::filesystem::exists(dir.File("o.png"))) << c.arguments;
-    }
-}
-
-TEST(RenderOptions, ReadsTheViewAndLeavesItAloneOnAFailure) {
-    cli::RenderView view;
-    ASSERT_TRUE(cli::ParseRenderView("640x360", "0.25", "-1.5,2", view));
-    EXPECT_EQ(view.width, 640);
-    EXPECT_EQ(view.height, 360);
-    EXPECT_EQ(view.zoom, 0.25f);
-    EXPECT_EQ(view.centerX, -1.5f);
-    EXPECT_EQ(view.centerY, 2.0f);
-    for (const auto& [size, zoom, center] : {
-             std::tuple{"640x", "1", "0,0"},
-             std::tuple{"x360", "1", "0,0"},
-             std::tuple{"640x360x2", "1", "0,0"},
-             std::tuple{"-640x360", "1", "0,0"},
-             std::tuple{"640x360", "-1", "0,0"},
-             std::tuple{"640x360", "1", "0"},
-             std::tuple{"640x360", "1", "0,inf"},
-         }) {
-        cli::RenderView refused;
-        EXPECT_FALSE(cli::ParseRenderView(size, zoom, center, refused))
-            << size << " " << zoom << " " << center;
     }
 }
 
