@@ -26,9 +26,11 @@ bool ParseSide(const std::string& text, int& value) {
 // The skin painter blends onto a picture that is opaque in the editor and leaves its alpha alone, so
 // that skins on a clear picture come out with their colours over black and no alpha. The alpha is found
 // by painting the skins once more over white: where the two pictures differ, the background showed
-// through. The colours are then taken back out of the black one.
+// through. The colours are then taken back out of the black one. A pixel that no skin picked stays
+// clear: fully transparent texels still nudge the white by a step each.
 void MatteOverWhite(const WirrelDoc& doc, const WorkspaceState& state, const WorkspaceTheme& theme,
-                    aurel::ImageSurface& overBlack) {
+                    WorkspaceBuffers& buffers) {
+    aurel::ImageSurface& overBlack = buffers.back;
     const int width = overBlack.Width();
     const int height = overBlack.Height();
     aurel::ImageSurface overWhite;
@@ -39,14 +41,17 @@ void MatteOverWhite(const WirrelDoc& doc, const WorkspaceState& state, const Wor
     pick.Clear(aurel::Color32(kPickNothing));
     const WorkingColours colours = WorkingColours::FromTheme(theme);
     PaintSkins(overWhite, pick, SkinsOf(FrameInput{doc, state, theme, colours}));
+    const auto channel = [](std::uint32_t word, int shift) {
+        return static_cast<int>((word >> shift) & 0xFF);
+    };
     for (int y = 0; y < height; ++y) {
         std::uint32_t* black = overBlack.Row(y);
         const std::uint32_t* white = overWhite.Row(y);
+        const std::uint32_t* picked = buffers.pick.Row(y);
         for (int x = 0; x < width; ++x) {
-            const auto channel = [](std::uint32_t word, int shift) {
-                return static_cast<int>((word >> shift) & 0xFF);
-            };
-            const int alpha = 255 - std::clamp(channel(white[x], 8) - channel(black[x], 8), 0, 255);
+            const int alpha = picked[x] == kPickNothing
+                                  ? 0
+                                  : 255 - std::clamp(channel(white[x], 8) - channel(black[x], 8), 0, 255);
             std::uint32_t pixel = static_cast<std::uint32_t>(alpha) << 24;
             for (int shift = 0; alpha > 0 && shift < 24; shift += 8) {
                 const int colour = std::min(255, (channel(black[x], shift) * 255 + alpha / 2) / alpha);
@@ -115,7 +120,7 @@ bool PaintFrame(WirrelDoc& doc, const RenderView& view, const WorkspaceTheme& th
                         kLayerSkins)) {
         return false;
     }
-    MatteOverWhite(doc, state, theme, buffers.back);
+    MatteOverWhite(doc, state, theme, buffers);
     return true;
 }
 

@@ -402,9 +402,14 @@ std::vector<TextItem> TextsOf(const FrameInput& in) {
                                     .outline = true,
                                     .outlineColor = in.colours.background,
                                     .outlineWidth = 1};
+    // The boxes' sizes are layout pixels, like the fonts in them.
+    const auto px = [&theme](int size) {
+        return static_cast<int>(static_cast<float>(size) * theme.pixelRatio);
+    };
     const auto pinText = [&](std::string text, PinPoint at, float dy, int height) {
-        texts.push_back(TextItem{std::move(text), static_cast<int>(at.x) - 50, static_cast<int>(at.y + dy),
-                                 100, height, theme.pinTextColor, theme.pinTextFont, pinStyle});
+        texts.push_back(TextItem{std::move(text), static_cast<int>(at.x) - px(50),
+                                 static_cast<int>(at.y + dy), px(100), px(height), theme.pinTextColor,
+                                 theme.pinTextFont, pinStyle});
     };
     const float radius = theme.pinRadSm;
     for (int pin = 0; pin < static_cast<int>(state.pose.size()); ++pin) {
@@ -412,7 +417,8 @@ std::vector<TextItem> TextsOf(const FrameInput& in) {
             in.doc.viewFlags[kViewLabels] || (state.editMode != kModeBackground && IsHotPin(state, pin));
         const int id = state.pose[pin].id;
         if (labelled && id >= 0 && id < static_cast<int>(w.pinNames.size())) {
-            pinText(std::string(NameOf(w.pinNames[id])), PinScreen(state, pin), -radius - 20.0f, 20);
+            pinText(std::string(NameOf(w.pinNames[id])), PinScreen(state, pin),
+                    -radius - static_cast<float>(px(20)), 20);
         }
         const bool readOut = (state.dragging && sel.IsSelected(pin)) || sel.hotItem == pin;
         if (state.editMode == kModeAnimate && readOut) {
@@ -425,16 +431,17 @@ std::vector<TextItem> TextsOf(const FrameInput& in) {
     const ViewTransform& view = state.view;
     texts.push_back(TextItem{Number(WorldX(view, static_cast<float>(state.mouseX))) + ", " +
                                  Number(WorldY(view, static_cast<float>(state.mouseY))),
-                             15, view.clientHeight - 25, 200, 20, theme.infoTextColor, theme.infoTextFont,
-                             infoStyle});
+                             px(15), view.clientHeight - px(25), px(200), px(20), theme.infoTextColor,
+                             theme.infoTextFont, infoStyle});
     const PlayCursor& cursor = in.doc.cursor;
     if (in.doc.HasCurrentAnim() && cursor.frameIndex < w.anims[cursor.animIndex].keys.size()) {
         const std::string events = EventText(w, w.anims[cursor.animIndex].keys[cursor.frameIndex]);
         if (!events.empty()) {
             aurel::TextStyle eventStyle{
                 .outline = true, .outlineColor = (in.colours.background.argb & 0x00FFFFFFu) | 0x80000000u};
-            texts.push_back(TextItem{events, 16, 16, view.clientWidth - 32, view.clientHeight - 32,
-                                     theme.eventTextColor, theme.eventTextFont, eventStyle});
+            texts.push_back(TextItem{events, px(16), px(16), view.clientWidth - px(32),
+                                     view.clientHeight - px(32), theme.eventTextColor, theme.eventTextFont,
+                                     eventStyle});
         }
     }
     return texts;

@@ -38,6 +38,7 @@ WorkspaceTheme WorkspaceThemeOf(const aurel::ThemeWorkspace& t, float ratio) {
     w.pinColorSel = t.pinColorSel;
     w.pinColorTail = t.pinColorTail;
     w.pinColorUnsel = t.pinColorUnsel;
+    w.pixelRatio = ratio;
     w.pinRadSm = t.pinRadSm * ratio;
     w.pinRadLg = t.pinRadLg * ratio;
     w.skinGripColor = t.skinGripColor;

@@ -44,6 +44,7 @@ struct WorkspaceTheme {
     aurel::Color32 pinTextColor = 0xFFFFFFFF;
     aurel::TextFont infoTextFont{.face = "Segoe UI", .size = 12};
     aurel::Color32 infoTextColor = 0xFFE0E0E0;
+    float pixelRatio = 1.0f;  // the screen's device pixels per layout pixel; the text boxes grow with it
 };
 
 // The workspace's values of the loaded theme; sizes in pixels grow with the screen's pixel ratio.

@@ -12,8 +12,8 @@
 namespace kovra {
 namespace {
 
-std::vector<TextItem> Texts(test::Rig& rig) {
-    const WorkspaceTheme theme;
+std::vector<TextItem> Texts(test::Rig& rig, float pixelRatio = 1.0f) {
+    const WorkspaceTheme theme{.pixelRatio = pixelRatio};
     const WorkingColours colours = WorkingColours::FromTheme(theme);
     PoseStep(rig.doc, rig.state, theme.pinRadSm);
     return TextsOf(FrameInput{rig.doc, rig.state, theme, colours});
@@ -39,6 +39,22 @@ TEST(WorkspaceTexts, HotPinGetsItsNameAndReadOutInDegreesFromZeroTo360) {
     EXPECT_EQ(Texts(rig)[1].text, "Pos: 1, -1");
     rig.state.editMode = kModeBuild;
     EXPECT_EQ(Texts(rig).size(), 2u);  // no read-outs outside Animate
+}
+
+TEST(WorkspaceTexts, BoxesGrowWithThePixelRatioAsTheFontsDo) {
+    test::Rig rig;
+    const int root = rig.Pin(-1, 1.0f, -1.0f);
+    rig.state.pinSelection.SetHot(root, 0);
+    const std::vector<TextItem> one = Texts(rig);
+    const std::vector<TextItem> two = Texts(rig, 2.0f);
+    ASSERT_EQ(one.size(), 3u);
+    ASSERT_EQ(two.size(), 3u);
+    for (std::size_t i = 0; i < one.size(); ++i) {
+        EXPECT_EQ(two[i].width, 2 * one[i].width) << one[i].text;
+        EXPECT_EQ(two[i].height, 2 * one[i].height) << one[i].text;
+    }
+    EXPECT_EQ(two[1].x + two[1].width / 2, one[1].x + one[1].width / 2) << "the read-out stays centred";
+    EXPECT_EQ(two[2].y, 48 - 50);
 }
 
 TEST(WorkspaceTexts, EventsOfTheFrameWithTheirVariables) {
