@@ -3,6 +3,8 @@
 
 #include "state/main_menu.h"
 #include "state/state_title.h"
+#include "views/gui_main_view.h"
+#include "views/gui_texture.h"
 
 namespace kovra {
 
@@ -11,17 +13,19 @@ WorkflowContext StateTitle::WorkflowContextOfState() {
                            .stack = stack_,
                            .hub = *this,
                            .pins = pinClipboard_,
-                           .textureSelection = textureSelection_,
+                           .textureSelection = TextureSelection(),
                            .imageSelection = imageSelection_,
                            .prompt = window_.Prompt(),
                            .chooser = chooser_,
                            .recovery = recovery_,
                            .onClosed =
                                [this] {
-                                   playState_ = 0;
-                                   pinSelection_.Clear();
-                                   textureSelection_.Clear();
+                                   SetPlayState(0);
+                                   workspace_->ClearSelections();
                                    imageSelection_.Clear();
+                                   if (texture_) {
+                                       texture_->ClearForLoad();
+                                   }
                                },
                            .onOpened = [this] { window_.Redraw(); },
                            .onNotes = [this] { OnMenuCommand(kMenuNotes); },
