@@ -5,15 +5,14 @@
 #include <benchmark/benchmark.h>
 #include <stdlib.h>
 
-#include <cstdio>
 #include <filesystem>
-#include <map>
 #include <string>
 
 #include "base/prompt.h"
 #include "doc/wirrel_doc.h"
 #include "doc/wirrel_reader.h"
 #include "doc/wirrel_writer.h"
+#include "ratio_reporter.h"
 
 namespace {
 
@@ -149,39 +148,11 @@ BENCHMARK(BM_LoadSave)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(BM_ReadBytes)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(BM_WriteBytes)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-// Prints each benchmark's time as a multiple of the copy's at the end of the run.
-class RatioReporter : public benchmark::ConsoleReporter {
-public:
-    void ReportRuns(const std::vector<Run>& runs) override {
-        ConsoleReporter::ReportRuns(runs);
-        for (const Run& run : runs) {
-            if (run.run_type == Run::RT_Iteration && !run.error_occurred) {
-                times_[run.run_name.function_name] = run.GetAdjustedRealTime();
-            }
-        }
-    }
-
-    void Finalize() override {
-        ConsoleReporter::Finalize();
-        const auto copy = times_.find("BM_CopyFile");
-        if (copy == times_.end() || copy->second <= 0) {
-            return;
-        }
-        std::printf("\nTime against a plain copy of the same file (%.3f ms):\n", copy->second);
-        for (const auto& [name, time] : times_) {
-            std::printf("  %-12s %8.3f ms  %6.1f x copy\n", name.c_str(), time, time / copy->second);
-        }
-    }
-
-private:
-    std::map<std::string, double> times_;
-};
-
 }  // namespace
 
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
-    RatioReporter reporter;
+    RatioReporter reporter("BM_CopyFile", "a plain copy of the same file");
     benchmark::RunSpecifiedBenchmarks(&reporter);
     benchmark::Shutdown();
     return 0;
