@@ -191,6 +191,8 @@ void StateTitle::CreateViews() {
         NavContext{document_, *this, window_.Prompt(), PinSelection(), TextureSelection(), imageSelection_});
     panels_->commandListeners.Add(this, &StateTitle::RunCommand);
     panels_->pasteBackground = [this] { PasteBackground(); };
+    panels_->paletteListeners.Add(workspace_.get(), &GuiMainView::SetPaletteSkin);
+    panels_->skinDropListeners.Add(this, &StateTitle::OnSkinDrop);
     OnThemeChanged();
     aurel::ThemeListeners().AddUnique(this, &StateTitle::OnThemeChanged);
 }

@@ -99,6 +99,7 @@ private:
     void OnLanguageChanged();
     void CreateViews();
     void BindWorkspace();
+    void OnSkinDrop(int texture, int x, int y);
     void OnThemeChanged();
     void PlaceViews();
     void WhatsNewCheck();

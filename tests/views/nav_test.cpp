@@ -378,6 +378,19 @@ TEST_F(Nav, ASkinDroppedOnAPinOrOnEmptySpaceIsOneStep) {
     onSpace->Redo();
     EXPECT_EQ(Bytes(), after);
     EXPECT_EQ(MakeSkinDrop(doc, pins, 7, 0, 0.0f, 0.0f), nullptr);
+    onSpace->Undo();
+
+    // On the workspace: a point on a pin's dot hangs the skin there; elsewhere the world point is used.
+    ViewTransform view = ViewTransform::OfClient(320, 320);  // 32 pixels a unit, the origin in the middle
+    view.pinPixels = {{96.0f, 0.0f, 0.0f}, {64.0f, 32.0f, 0.0f}};
+    auto onDot = DropSkinAt(doc, pins, 1, view, 160.0f + 66.0f, 160.0f + 30.0f, 4.0f);
+    EXPECT_EQ(SkinOf(doc, 1)->texture, 1);
+    EXPECT_EQ(doc.CurrentKey().pins.size(), 2u);
+    onDot->Undo();
+    auto offDot = DropSkinAt(doc, pins, 1, view, 160.0f + 64.0f, 160.0f, 4.0f);
+    ASSERT_EQ(doc.CurrentKey().pins.size(), 3u);
+    EXPECT_NEAR(doc.CurrentKey().pins[2].length, 2.0f, 1e-5f);
+    EXPECT_NEAR(doc.CurrentKey().pins[2].angle, 0.0f, 1e-6f);
 }
 
 // Random clicks, typed values, selections and modes over the whole column: nothing breaks, and undoing

@@ -29,4 +29,18 @@ std::shared_ptr<CommandMacro> MakeSkinDrop(WirrelDoc& doc, SelectionTracker& pin
     return macro;
 }
 
+std::shared_ptr<CommandMacro> DropSkinAt(WirrelDoc& doc, SelectionTracker& pins, int texture,
+                                         const ViewTransform& view, float px, float py, float radius) {
+    const ScreenScale scale = view.ScreenToWorld();
+    int hit = -1;
+    for (std::size_t i = 0; i < view.pinPixels.size() && hit < 0; ++i) {
+        const float dx = scale.ox + view.pinPixels[i].x - px;
+        const float dy = scale.oy + view.pinPixels[i].y - py;
+        if (dx * dx + dy * dy <= radius * radius) {
+            hit = static_cast<int>(i);
+        }
+    }
+    return MakeSkinDrop(doc, pins, texture, hit, (px - scale.ox) * scale.sx, (py - scale.oy) * scale.sy);
+}
+
 }  // namespace kovra

@@ -6,6 +6,7 @@
 
 #include "commands/command_macro.h"
 #include "doc/selection_tracker.h"
+#include "doc/view_transform.h"
 #include "doc/wirrel_doc.h"
 
 namespace kovra {
@@ -14,5 +15,10 @@ namespace kovra {
 // point in world units. Null without a current key frame or texture.
 std::shared_ptr<CommandMacro> MakeSkinDrop(WirrelDoc& doc, SelectionTracker& pins, int texture, int pin,
                                            float x, float y);
+
+// The drop at client pixel (px, py) of a workspace showing `view`: on the first pin whose dot, of the
+// radius in pixels, holds the point, else at the world point under it.
+std::shared_ptr<CommandMacro> DropSkinAt(WirrelDoc& doc, SelectionTracker& pins, int texture,
+                                         const ViewTransform& view, float px, float py, float radius);
 
 }  // namespace kovra
