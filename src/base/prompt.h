@@ -22,6 +22,9 @@ struct PromptRequest {
     PromptButtons buttons = PromptButtons::Ok;
     PromptIcon icon = PromptIcon::None;
     std::vector<DualString> labels;  // only for PromptButtons::Custom
+    // The box's own size in pixels where the question sets one; 0 leaves it to the toolkit.
+    int width = 0;
+    int height = 0;
 };
 
 class Prompt {

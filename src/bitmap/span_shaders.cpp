@@ -151,35 +151,31 @@ int VectorLoop(std::uint32_t* pixels, std::uint32_t* mask, int count, SpanSample
     return i;
 }
 
-// Fewer than four pixels, shaded as one group: the missing lanes sample the first pixel's texel and are
-// not written back.
+// Up to four words into the lanes of a vector, the missing ones 0; and the lanes back out.
+__m128i Lanes(const std::uint32_t* words, int count) {
+    const auto at = [&](int i) { return i < count ? static_cast<int>(words[i]) : 0; };
+    return _mm_set_epi32(at(3), at(2), at(1), at(0));
+}
+
+void Unlanes(__m128i lanes, std::uint32_t* words, int count) {
+    for (int i = 0; i < count; ++i, lanes = _mm_srli_si128(lanes, 4)) {
+        words[i] = static_cast<std::uint32_t>(_mm_cvtsi128_si32(lanes));
+    }
+}
+
+// One to three pixels, shaded as one group in registers: the missing lanes sample the first pixel's
+// texel and are not written back.
 template <SpanShader kShader, bool kMasked>
 void PartialGroup(std::uint32_t* pixels, std::uint32_t* mask, int count, SpanSamples& samples,
                   const Vectors& k) {
-    alignas(16) std::uint32_t dst[4] = {}, src[4] = {}, flags[4] = {};
-    for (int i = 0; i < count; ++i) {
-        dst[i] = pixels[i];
-        src[i] = Next(samples);
-        if constexpr (kMasked) {
-            flags[i] = mask[i];
-        }
-    }
-    for (int i = count; i < 4; ++i) {
-        src[i] = src[0];
-    }
-    const __m128i in = _mm_load_si128(reinterpret_cast<const __m128i*>(src));
-    const auto out = [](std::uint32_t* lanes, __m128i value) {
-        _mm_store_si128(reinterpret_cast<__m128i*>(lanes), value);
-    };
-    out(dst, ShadeFour<kShader>(_mm_load_si128(reinterpret_cast<const __m128i*>(dst)), in, k));
+    const std::uint32_t first = Next(samples);
+    const std::uint32_t second = count > 1 ? Next(samples) : first;
+    const std::uint32_t third = count > 2 ? Next(samples) : first;
+    const __m128i in = _mm_set_epi32(static_cast<int>(first), static_cast<int>(third),
+                                     static_cast<int>(second), static_cast<int>(first));
+    Unlanes(ShadeFour<kShader>(Lanes(pixels, count), in, k), pixels, count);
     if constexpr (kMasked) {
-        out(flags, Flag(_mm_load_si128(reinterpret_cast<const __m128i*>(flags)), in, k.maskFlag));
-    }
-    for (int i = 0; i < count; ++i) {
-        pixels[i] = dst[i];
-        if constexpr (kMasked) {
-            mask[i] = flags[i];
-        }
+        Unlanes(Flag(Lanes(mask, count), in, k.maskFlag), mask, count);
     }
 }
 
@@ -200,9 +196,9 @@ void VectorRun(std::uint32_t* pixels, int count, SpanSamples& samples, const Sha
     while (i < count && reinterpret_cast<std::uintptr_t>(pixels + i) % 16 != 0) {
         ++i;
     }
-    // Pixels that are not 4-byte aligned never reach an aligned group: all of them go one group at a time.
-    for (int done = 0; done < i; done += 4) {
-        PartialGroup<kShader, kMasked>(pixels + done, maskAt(done), std::min(i - done, 4), samples, k);
+    // Pixels that are not 4-byte aligned never reach an aligned group: all of them go in partial groups.
+    for (int done = 0; done < i; done += 3) {
+        PartialGroup<kShader, kMasked>(pixels + done, maskAt(done), std::min(i - done, 3), samples, k);
     }
     if (samples.dv != 0) {
         i += VectorLoop<kShader, kMasked, Walk::Free>(pixels + i, maskAt(i), count - i, samples, k);

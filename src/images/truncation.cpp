@@ -87,6 +87,27 @@ bool PsdComplete(const std::uint8_t* bytes, std::size_t size) {
     return read.Skip(coded);
 }
 
+// After the signature, chunks of a length, a type, the data and a check word, up to the end chunk. A chunk
+// that claims more bytes than the file has is not read: the decoder would first set aside memory for all
+// it claims, gigabytes for a few bytes of file.
+bool PngComplete(const std::uint8_t* bytes, std::size_t size) {
+    Reader read(bytes, size);
+    if (!read.Skip(8)) {
+        return false;
+    }
+    std::uint64_t length = 0, type = 0;
+    constexpr std::uint64_t kEnd = 0x49454E44;  // "IEND"
+    while (read.Number(4, length)) {
+        if (!read.Number(4, type) || !read.Skip(length) || !read.Skip(4)) {
+            return false;
+        }
+        if (type == kEnd) {
+            return true;
+        }
+    }
+    return true;
+}
+
 }  // namespace
 
 bool LooksComplete(int format, const std::uint8_t* bytes, std::size_t size) {
@@ -95,6 +116,8 @@ bool LooksComplete(int format, const std::uint8_t* bytes, std::size_t size) {
             return JpegComplete(bytes, size);
         case kVylPsd:
             return PsdComplete(bytes, size);
+        case kVylPng:
+            return PngComplete(bytes, size);
         default:
             return true;
     }

@@ -1,7 +1,9 @@
 #include "textures/image_commands.h"
 
+#include <algorithm>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "doc/image_extents.h"
 #include "settings/lang.h"
@@ -20,11 +22,11 @@ int AskSize(aurel::Prompt& window, bool overflow, bool hasSkins) {
     text += hasSkins ? "- Remove all textures (and skins using them) and replace old image (rescan)?\n"
                      : "- Remove all textures and replace old image (rescan)?\n";
     text += "- Cancel replace image?";
-    const int answer = window.Ask({"Warning",
-                                   text,
-                                   aurel::PromptButtons::Custom,
-                                   aurel::PromptIcon::None,
-                                   {"Keep", "Remove", "Cancel"}});
+    const std::vector<aurel::DualString> labels{"Keep", "Remove", "Cancel"};
+    // 100 pixels a button and 40 more, at least 260, by 160.
+    const int width = std::max(100 * static_cast<int>(labels.size()) + 40, 260);
+    const int answer = window.Ask(
+        {"Warning", text, aurel::PromptButtons::Custom, aurel::PromptIcon::None, labels, width, 160});
     return answer == kSizeKeep || answer == kSizeRemove ? answer : kSizeCancel;
 }
 

@@ -1,5 +1,6 @@
 #include "random_walk.h"
 
+#include <filesystem>
 #include <memory>
 #include <random>
 #include <string>
@@ -17,6 +18,8 @@
 #include "commands/skin_commands.h"
 #include "doc/wirrel_writer.h"
 #include "doc_state.h"
+#include "images/vyl_lib.h"
+#include "textures/image_commands.h"
 #include "textures/pack_command.h"
 #include "textures/pack_trial.h"
 #include "textures/texture_commands.h"
@@ -32,9 +35,16 @@ public:
     // Skins also have a wide and a tall texture to choose from, after those cut from the sheets.
     explicit Walk(std::uint32_t seed) : rng_(seed) {
         AddSheets();
+        WriteImageFiles(seed);
         doc_.Wirrel().textures.push_back({.imageIndex = 0, .width = 48, .height = 20});
         doc_.Wirrel().textures.push_back({.imageIndex = 0, .width = 16, .height = 40});
     }
+    ~Walk() override {
+        std::error_code ignored;
+        std::filesystem::remove_all(folder_, ignored);
+    }
+    Walk(const Walk&) = delete;
+    Walk& operator=(const Walk&) = delete;
 
     // What is compared: the document as its writer saves it, and where playback stands.
     auto Save() const {
@@ -308,15 +318,63 @@ private:
         }
     }
 
+    // Picture files to load: a sheet like the first, a smaller one whose textures may not fit, one
+    // without alpha that raises the colour-key question; and a name of no file at all.
+    void WriteImageFiles(std::uint32_t seed) {
+        static const bool started = [] {
+            VylLibInit();
+            return true;
+        }();
+        (void)started;
+        folder_ =
+            std::filesystem::temp_directory_path() / ("kovra-walk-" + std::to_string(seed) + "-" +
+                                                      std::to_string(reinterpret_cast<std::uintptr_t>(this)));
+        std::filesystem::create_directories(folder_);
+        const std::pair<const char*, int> files[] = {{"sheet.png", 64}, {"small.png", 24}, {"keyed.bmp", 40}};
+        for (const auto& [name, side] : files) {
+            WirrelTexImage picture;
+            picture.surface.Resize(side, side * 3 / 4);
+            picture.surface.Clear(0x00FF00FFu);
+            for (int sprite = 0; sprite < 4; ++sprite) {
+                const int x = Pick(0, side / 2), y = Pick(0, side / 3);
+                picture.surface.FillRect(x, y, x + Pick(2, 8), y + Pick(2, 6), 0xFF000000u | rng_());
+            }
+            picture.Save(aurel::DualString((folder_ / name).string()));
+            imageFiles_.emplace_back((folder_ / name).string());
+        }
+        imageFiles_.emplace_back((folder_ / "missing.png").string());
+    }
+
+    // Image files added or put in place of the current image, or the last image deleted (undoing the
+    // deletion of any other leaves the list one shorter, by design); the walk keeps at least one image.
+    void ImageStep(bool load) {
+        if (!load) {
+            imageSelection_.SetCurrent(Images() - 1, 1);
+            Add(Images() > 1 ? make_shared<CommandImgDelete>(doc_, textureSelection_, imageSelection_)
+                             : nullptr);
+            return;
+        }
+        std::vector<aurel::DualString> paths;
+        for (int count = Pick(1, 2); count > 0; --count) {
+            paths.push_back(imageFiles_[Pick(0, static_cast<int>(imageFiles_.size()) - 1)]);
+        }
+        const int mode = Pick(0, 1) == 0 ? kImgLoadAdd : kImgLoadReplace;
+        auto command = make_shared<CommandImgLoad>(doc_, paths, *this, textureSelection_, imageSelection_,
+                                                   mode, Pick(0, 1) == 1);
+        Add(command->succeeded ? command : nullptr);
+    }
+
     int Images() const { return static_cast<int>(doc_.images.size()); }
     int Textures() const { return static_cast<int>(doc_.Wirrel().textures.size()); }
 
     // A gesture of the texture view or the pack dialog.
     void TextureStep() {
-        const int choice = Pick(0, 11);
+        const int choice = Pick(0, 13);
         const int image = Pick(0, Images() - 1);
         imageSelection_.SetCurrent(image, 1);
-        if (choice < 3 || Textures() == 0) {
+        if (choice >= 12) {
+            ImageStep(choice == 12);
+        } else if (choice < 3 || Textures() == 0) {
             const int x = Pick(0, 40), y = Pick(0, 30);
             Add(make_shared<CommandTexCreate>(image, doc_, textureSelection_,
                                               TexRect{x, y, x + Pick(1, 20), y + Pick(1, 15)}));
@@ -364,6 +422,8 @@ private:
     ViewTransform view_ = ViewTransform::OfClient(640, 480);
     std::vector<SkinGrip> grips_;
     int names_ = 0;
+    std::filesystem::path folder_;
+    std::vector<aurel::DualString> imageFiles_;
 };
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "images/truncation.h"
 #include "images/vyl_lib.h"
 #include "images/wirrel_tex_image.h"
 #include "support/image_library.h"
@@ -273,6 +274,39 @@ TEST_F(ImageFileTest, ATruncatedFileOfAnyFormatIsRefused) {
         std::filesystem::resize_file(dir.File(name), std::filesystem::file_size(dir.File(name)) * 3 / 5);
         WirrelTexImage back;
         EXPECT_NE(back.Load(dir.File(name)), kVylOk);
+        EXPECT_TRUE(back.surface.IsEmpty());
+    }
+}
+
+// A chunk whose length runs past the end of the file, before or after the pixel data, refuses the file
+// before the decoder sets aside what the chunk claims.
+TEST_F(ImageFileTest, APngChunkLongerThanTheFileIsRefused) {
+    const WirrelTexImage image = Picture(2, {0xFF102030, 0xFF405060, 0xFF708090, 0xFFA0B0C0});
+    std::array<std::uint8_t, 4096> buffer{};
+    const std::uint32_t size = image.SaveMemory(buffer.data(), buffer.size());
+    ASSERT_GT(size, 33u);
+    const Bytes png(buffer.begin(), buffer.begin() + size);
+    const auto withText = [&png](std::size_t at, std::uint32_t claimed) {
+        const std::uint8_t text[] = {'t', 'E', 'X', 't', 'a', 0, 'b', 0, 0, 0, 0};
+        Bytes bytes(png.begin(), png.begin() + static_cast<std::ptrdiff_t>(at));
+        for (int shift : {24, 16, 8, 0}) {
+            bytes.push_back(static_cast<std::uint8_t>(claimed >> shift));
+        }
+        bytes.insert(bytes.end(), std::begin(text), std::end(text));
+        bytes.insert(bytes.end(), png.begin() + static_cast<std::ptrdiff_t>(at), png.end());
+        return bytes;
+    };
+    const std::size_t afterHeader = 33, beforeEnd = png.size() - 12;
+    WirrelTexImage back;
+    ASSERT_TRUE(LooksComplete(kVylPng, png.data(), png.size()));
+    ASSERT_TRUE(back.LoadMemory(png.data(), png.size()));
+    const std::pair<std::size_t, std::uint32_t> cases[] = {
+        {afterHeader, 0x61646174u}, {beforeEnd, 0x7FFFFFF0u}, {beforeEnd, 40u}};
+    for (const auto& [at, claimed] : cases) {
+        SCOPED_TRACE(claimed);
+        const Bytes bytes = withText(at, claimed);
+        EXPECT_FALSE(LooksComplete(kVylPng, bytes.data(), bytes.size()));
+        EXPECT_FALSE(back.LoadMemory(bytes.data(), bytes.size()));
         EXPECT_TRUE(back.surface.IsEmpty());
     }
 }

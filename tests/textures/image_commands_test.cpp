@@ -202,6 +202,8 @@ TEST(CommandImgLoad, TheSizeQuestionAndWhatEachAnswerKeeps) {
                                              c.question + "- Cancel replace image?");
             EXPECT_EQ(asked.buttons, aurel::PromptButtons::Custom);
             EXPECT_EQ(asked.labels, (std::vector<aurel::DualString>{"Keep", "Remove", "Cancel"}));
+            EXPECT_EQ(asked.width, 340);
+            EXPECT_EQ(asked.height, 160);
         }
         EXPECT_EQ(e.doc.Wirrel().textures, c.textures);
         EXPECT_EQ(e.doc.Wirrel().skins.size(), c.skins);
