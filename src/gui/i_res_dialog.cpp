@@ -22,7 +22,8 @@ private:
 
 }  // namespace
 
-IResDialog::IResDialog(aurel::DualString title, int width, int height) : title_(std::move(title)) {
+IResDialog::IResDialog(aurel::DualString title, int width, int height)
+    : title_(std::move(title)), designWidth_(width), designHeight_(height) {
     this->width = width;
     this->height = height;
     commandListeners.Add(this, &IResDialog::Command);
@@ -45,6 +46,36 @@ int IResDialog::DoModal(IGuiWindow* owner) {
     children.clear();
     window.Reset();
     return result;
+}
+
+void IResDialog::ShowModeless(IGuiWindow* owner, int placeX, int placeY, int placeWidth, int placeHeight) {
+    if (!window.IsValid()) {
+        auto* dialog = new CommandDialog(DialogOwner(owner), commandListeners);
+        dialog->setWindowTitle(QString::fromUtf8(title_.Utf8()));
+        dialog->setMinimumSize(designWidth_, designHeight_);
+        dialog->resize(designWidth_, designHeight_);
+        Attach(Window(dialog, true));
+        OnInitDialog();
+        ApplyLanguage();
+    }
+    QWidget* dialog = window.handle();
+    if (placeWidth > 0) {
+        dialog->move(placeX, placeY);
+        dialog->resize(placeWidth, placeHeight);
+    }
+    dialog->show();
+    dialog->raise();
+}
+
+void IResDialog::CloseModeless() {
+    if (QWidget* dialog = window.handle()) {
+        dialog->hide();
+    }
+}
+
+bool IResDialog::IsOpen() const {
+    const QWidget* dialog = window.handle();
+    return dialog != nullptr && dialog->isVisible();
 }
 
 void IResDialog::EndDialog(int result) {

@@ -17,6 +17,12 @@ public:
     // Shows the dialog over `owner` (the main window when null) until EndDialog; answers its result.
     int DoModal(IGuiWindow* owner);
     void EndDialog(int result);
+    // Shows the dialog over `owner` without a loop of its own, at the place and size given (its own size
+    // when the width is 0); the user may make it larger. The items are made at the first showing; later
+    // ones show the same dialog again. It stays until CloseModeless, which only hides it.
+    void ShowModeless(IGuiWindow* owner, int placeX, int placeY, int placeWidth, int placeHeight);
+    void CloseModeless();
+    bool IsOpen() const;
     // The native window of an item, not owned.
     Window GetItem(int id) const;
 
@@ -31,6 +37,8 @@ private:
 
     aurel::DualString title_;
     int result_ = kIdCancel;
+    int designWidth_;
+    int designHeight_;
 };
 
 }  // namespace kestrel2::win

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -94,6 +95,8 @@ void Window::SetText(const aurel::DualString& text) {
         box->setPlainText(ToQt(text));
     } else if (auto* label = qobject_cast<QLabel*>(widget)) {
         label->setText(ToQt(text));
+    } else if (auto* group = qobject_cast<QGroupBox*>(widget)) {
+        group->setTitle(ToQt(text));
     } else if (auto* combo = qobject_cast<QComboBox*>(widget); combo && combo->isEditable()) {
         combo->setEditText(ToQt(text));
     } else if (widget) {

@@ -1,4 +1,4 @@
-#include "state/view_area.h"
+#include "state/view_layout.h"
 
 #include <algorithm>
 
@@ -6,17 +6,10 @@ namespace kovra {
 
 namespace {
 
-constexpr int kKeyDown = 0;
 constexpr int kPanelWidth = 180;
 constexpr int kTimelineHeight = 120;
 
 }  // namespace
-
-void ViewArea::OnInput(kestrel2::win::InputEvent& event) {
-    if (event.type == kKeyDown) {
-        keyListeners.Call(event.key);
-    }
-}
 
 ViewBoxes LayOutViews(int width, int height, int padding, bool timelineExtended) {
     const int column = kPanelWidth + 2 * padding;

@@ -1,0 +1,2 @@
+kovra_add_bench(dialogs_bench dialogs_bench.cpp)
+target_link_libraries(dialogs_bench PRIVATE kovra_dialog_logic)
