@@ -13,7 +13,7 @@ namespace win = kestrel2::win;
 
 namespace {
 
-constexpr int kSeparatorWidth = 8;
+constexpr int kSeparatorWidth = 10;
 
 // Buttons that toggle, and buttons with a second picture for their on state, are check buttons.
 win::ToolStyle StyleOf(const TimelineControl& control) {
@@ -64,7 +64,7 @@ std::shared_ptr<win::GuiToolbar> MakeControlToolbar(win::IGuiWindow& parent, int
         width += win::GuiToolbar::kButtonSize;
         before = &control;
     }
-    toolbar->Create(parent, id, x, y, width + 4, win::GuiToolbar::kButtonSize + 1);
+    toolbar->Create(parent, id, x, y, width + 12, win::GuiToolbar::kButtonSize + 1);
     parent.AddChild(toolbar);
     toolbar->ApplyLanguage();
     return toolbar;
