@@ -1,5 +1,5 @@
 # The whole set-up on a fresh Debian machine: `make run` or `make test`.
-.PHONY: deps build run test sanitize bench fuzz clean
+.PHONY: deps build run test sanitize bench fuzz install clean
 
 deps:
 	scripts/install-deps
@@ -32,5 +32,15 @@ fuzz:
 	cmake --preset fuzz
 	cmake --build --preset fuzz
 
+# A release build installed under PREFIX: bin/, share/kovra/, the desktop entry, icon and MIME type.
+PREFIX ?= /usr/local
+install: deps
+	cmake -S . -B build-install -G Ninja -DCMAKE_BUILD_TYPE=Release -DKOVRA_TESTS=OFF \
+		-DCMAKE_INSTALL_PREFIX="$(PREFIX)"
+	cmake --build build-install
+	cmake --install build-install
+	-update-mime-database "$(PREFIX)/share/mime"
+	-update-desktop-database "$(PREFIX)/share/applications"
+
 clean:
-	rm -rf build build-release build-sanitize build-fuzz
+	rm -rf build build-release build-sanitize build-fuzz build-install

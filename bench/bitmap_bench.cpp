@@ -1,6 +1,7 @@
 // The bitmap layer against baselines timed in the same run: every benchmark runs its operation and its
 // baseline by turns, reports the operation's time as its own and the baseline's beside it, and the ratio
-// speed_vs_baseline, the baseline's time over the operation's: 1 means as fast as the baseline.
+// speed_vs_baseline, the baseline's time over the operation's: 1 means as fast as the baseline. Times are
+// process CPU time, so that other work on a shared machine weighs on neither side.
 
 #include <benchmark/benchmark.h>
 #include <fontconfig/fontconfig.h>
@@ -8,7 +9,6 @@
 #include FT_FREETYPE_H
 
 #include <array>
-#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "bitmap/image_surface.h"
+#include "cpu_clock.h"
 
 namespace {
 
@@ -24,20 +25,18 @@ constexpr int kWidth = 1920, kHeight = 1080;
 
 template <class Operation, class Baseline>
 void Paired(benchmark::State& state, Operation operation, Baseline baseline) {
-    using Clock = std::chrono::steady_clock;
     double operationSeconds = 0, baselineSeconds = 0;
     for (auto _ : state) {
-        const auto start = Clock::now();
+        const double start = CpuSeconds();
         operation();
         benchmark::ClobberMemory();
-        const auto middle = Clock::now();
+        const double middle = CpuSeconds();
         baseline();
         benchmark::ClobberMemory();
-        const auto end = Clock::now();
-        const double operationTime = std::chrono::duration<double>(middle - start).count();
-        operationSeconds += operationTime;
-        baselineSeconds += std::chrono::duration<double>(end - middle).count();
-        state.SetIterationTime(operationTime);
+        const double end = CpuSeconds();
+        operationSeconds += middle - start;
+        baselineSeconds += end - middle;
+        state.SetIterationTime(middle - start);
     }
     state.counters["baseline_us"] =
         benchmark::Counter(baselineSeconds * 1e6, benchmark::Counter::kAvgIterations);

@@ -48,9 +48,17 @@ Box Around(const IBitmap& target, double cx, double cy, double reach) {
             clampTo(std::ceil(cy + reach), target.getHeight() - 1)};
 }
 
-void Put(IBitmap& target, int x, int y, std::uint32_t colour, int k) {
+// The target's pixels, fetched once for the whole shape.
+struct Pixels {
+    std::uint32_t* bits;
+    int rowSpan;
+
+    explicit Pixels(const IBitmap& target) : bits(target.getBits()), rowSpan(target.getRowSpan()) {}
+};
+
+void Put(const Pixels& target, int x, int y, std::uint32_t colour, int k) {
     if (k > 0) {
-        std::uint32_t& pixel = target.Row(y)[x];
+        std::uint32_t& pixel = target.bits[static_cast<std::ptrdiff_t>(y) * target.rowSpan + x];
         pixel = BlendColor(pixel, colour, k);
     }
 }
@@ -60,11 +68,12 @@ template <class ShareOf>
 void Shade(IBitmap& target, double cx, double cy, double reach, int quarters, std::uint32_t colour, int k,
            ShareOf shareOf) {
     const Box box = Around(target, cx, cy, reach);
+    const Pixels pixels(target);
     for (int y = std::max(box.top, 0); y <= box.bottom; ++y) {
         for (int x = std::max(box.left, 0); x <= box.right; ++x) {
             const double dx = x - cx, dy = y - cy;
             if (QuarterOf(dx, dy) & quarters) {
-                Put(target, x, y, colour, k * shareOf(std::sqrt(dx * dx + dy * dy)) >> 8);
+                Put(pixels, x, y, colour, k * shareOf(std::sqrt(dx * dx + dy * dy)) >> 8);
             }
         }
     }
@@ -109,10 +118,11 @@ const Stamp* StampFor(float radius) {
 void DrawStamp(IBitmap& target, int cx, int cy, const Stamp& stamp, std::uint32_t colour, int k) {
     const Box box = Around(target, cx, cy, stamp.reach);
     const int side = 2 * stamp.reach + 1;
+    const Pixels pixels(target);
     for (int y = std::max(box.top, 0); y <= box.bottom; ++y) {
         const int row = (y - cy + stamp.reach) * side;
         for (int x = std::max(box.left, 0); x <= box.right; ++x) {
-            Put(target, x, y, colour, k * stamp.shares[row + x - cx + stamp.reach] >> 8);
+            Put(pixels, x, y, colour, k * stamp.shares[row + x - cx + stamp.reach] >> 8);
         }
     }
 }

@@ -48,33 +48,67 @@ bool ClipLine(double& x1, double& y1, double& x2, double& y2, double xMax, doubl
     return false;
 }
 
-void Blend(IBitmap& target, int x, int y, std::uint32_t colour, int k) {
-    if (k > 0 && x >= 0 && y >= 0 && x < target.getWidth() && y < target.getHeight()) {
-        std::uint32_t& pixel = target.Row(y)[x];
+// The target's pixels, fetched once for the whole line.
+struct Pixels {
+    std::uint32_t* bits;
+    int width, height, rowSpan;
+};
+
+void Blend(const Pixels& target, int x, int y, std::uint32_t colour, int k) {
+    if (k > 0 && x >= 0 && y >= 0 && x < target.width && y < target.height) {
+        std::uint32_t& pixel = target.bits[static_cast<std::ptrdiff_t>(y) * target.rowSpan + x];
         pixel = BlendColor(pixel, colour, k);
     }
 }
 
-// One step of the line: the pixel at (major, minor), or with anti-aliasing the two pixels around it, each
-// with its share of k.
-void Plot(IBitmap& target, int major, double minor, bool xMajor, std::uint32_t colour, int k,
-          bool antiAlias) {
-    auto put = [&](int m, int share) {
-        xMajor ? Blend(target, major, m, colour, share) : Blend(target, m, major, colour, share);
-    };
-    if (!antiAlias) {
-        put(Round(minor), k);
-        return;
-    }
-    const double base = std::floor(minor);
-    const int cover = static_cast<int>((minor - base) * 256.0 + 0.5);
-    put(static_cast<int>(base), k * (256 - cover) >> 8);
-    put(static_cast<int>(base) + 1, k * cover >> 8);
+// Far enough outside any bitmap that a step there draws nothing, and near enough to be an int.
+constexpr double kFarOff = 1 << 30;
+
+// floor as an int, for values within kFarOff.
+int FloorInt(double v) {
+    const int t = static_cast<int>(v);
+    return static_cast<double>(t) > v ? t - 1 : t;
 }
 
-void HorizontalRun(IBitmap& target, int y, int from, int to, std::uint32_t colour, int k) {
-    if (k > 0 && y >= 0 && y < target.getHeight()) {
-        FillSpan(target.Row(y) + from, to - from + 1, colour, k);
+// The steps of a line along its major axis from `from` to `to`, the minor coordinate at each being
+// origin + (major - along) * slope: one pixel each, or with anti-aliasing the two pixels around the
+// exact line, each with its share of k.
+template <bool kXMajor, bool kAntiAlias>
+void Steps(const Pixels& target, int from, int to, double origin, double along, double slope,
+           std::uint32_t colour, int k) {
+    const auto put = [&](int major, int minor, int share) {
+        kXMajor ? Blend(target, major, minor, colour, share) : Blend(target, minor, major, colour, share);
+    };
+    for (int major = from; major <= to; ++major) {
+        const double minor = origin + (major - along) * slope;
+        if (!(minor > -kFarOff && minor < kFarOff)) {
+            continue;
+        }
+        if constexpr (kAntiAlias) {
+            const int base = FloorInt(minor);
+            const int cover = static_cast<int>((minor - base) * 256.0 + 0.5);
+            put(major, base, k * (256 - cover) >> 8);
+            put(major, base + 1, k * cover >> 8);
+        } else {
+            put(major, FloorInt(minor + 0.5), k);
+        }
+    }
+}
+
+template <bool kXMajor>
+void Steps(const Pixels& target, int from, int to, double origin, double along, double slope,
+           std::uint32_t colour, int k, bool antiAlias) {
+    if (antiAlias) {
+        Steps<kXMajor, true>(target, from, to, origin, along, slope, colour, k);
+    } else {
+        Steps<kXMajor, false>(target, from, to, origin, along, slope, colour, k);
+    }
+}
+
+void HorizontalRun(const Pixels& target, int y, int from, int to, std::uint32_t colour, int k) {
+    if (k > 0 && y >= 0 && y < target.height) {
+        FillSpan(target.bits + static_cast<std::ptrdiff_t>(y) * target.rowSpan + from, to - from + 1, colour,
+                 k);
     }
 }
 
@@ -86,8 +120,9 @@ void StrokeLine(IBitmap& target, double x1, double y1, double x2, double y2, Col
         !(std::isfinite(x1) && std::isfinite(y1) && std::isfinite(x2) && std::isfinite(y2))) {
         return;
     }
-    const int width = target.getWidth();
-    const int height = target.getHeight();
+    const Pixels pixels{target.getBits(), target.getWidth(), target.getHeight(), target.getRowSpan()};
+    const int width = pixels.width;
+    const int height = pixels.height;
     if (target.isFlipped()) {
         y1 = height - 1 - y1;
         y2 = height - 1 - y2;
@@ -104,26 +139,20 @@ void StrokeLine(IBitmap& target, double x1, double y1, double x2, double y2, Col
         const int to = Round(std::max(cx1, cx2));
         if (dy == 0) {
             if (!antiAlias) {
-                HorizontalRun(target, Round(y1), from, to, word, k);
+                HorizontalRun(pixels, Round(y1), from, to, word, k);
                 return;
             }
             const double base = std::floor(y1);
             const int cover = static_cast<int>((y1 - base) * 256.0 + 0.5);
-            HorizontalRun(target, static_cast<int>(base), from, to, word, k * (256 - cover) >> 8);
-            HorizontalRun(target, static_cast<int>(base) + 1, from, to, word, k * cover >> 8);
+            HorizontalRun(pixels, static_cast<int>(base), from, to, word, k * (256 - cover) >> 8);
+            HorizontalRun(pixels, static_cast<int>(base) + 1, from, to, word, k * cover >> 8);
             return;
         }
-        const double slope = dy / dx;
-        for (int x = from; x <= to; ++x) {
-            Plot(target, x, y1 + (x - x1) * slope, true, word, k, antiAlias);
-        }
+        Steps<true>(pixels, from, to, y1, x1, dy / dx, word, k, antiAlias);
     } else {
         const int from = Round(std::min(cy1, cy2));
         const int to = Round(std::max(cy1, cy2));
-        const double slope = dx / dy;
-        for (int y = from; y <= to; ++y) {
-            Plot(target, y, x1 + (y - y1) * slope, false, word, k, antiAlias);
-        }
+        Steps<false>(pixels, from, to, x1, y1, dx / dy, word, k, antiAlias);
     }
 }
 

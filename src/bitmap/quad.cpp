@@ -54,9 +54,18 @@ struct Edge {
     }
 };
 
-void DrawRow(const IBitmap& source, IBitmap& target, int y, const Corner& left, const Corner& right,
-             const ShadeArgs& args) {
-    const int width = target.getWidth();
+// Where a scan writes: the target's rows, and those of the mask drawn in the same pass when there is one.
+struct ScanTarget {
+    std::uint32_t* bits;
+    int width, height, rowSpan;
+    std::uint32_t* maskBits;
+    int maskRowSpan;
+    std::uint32_t flag;
+};
+
+void DrawRow(const SpanSource& source, const ScanTarget& target, int y, const Corner& left,
+             const Corner& right, const ShadeArgs& args) {
+    const int width = target.width;
     if (!(right.x >= 0 && left.x < static_cast<float>(width) && right.x >= left.x)) {
         return;
     }
@@ -73,10 +82,15 @@ void DrawRow(const IBitmap& source, IBitmap& target, int y, const Corner& left, 
         first = 0;
     }
     const int last = std::min(x1, width - 1);
-    DrawSpan(target.Row(y), first, last - first + 1, source, u, v, du, dv, args);
+    MaskRow mask;
+    if (target.maskBits != nullptr) {
+        mask = {target.maskBits + static_cast<std::ptrdiff_t>(y) * target.maskRowSpan, target.flag};
+    }
+    DrawSpan(target.bits + static_cast<std::ptrdiff_t>(y) * target.rowSpan, first, last - first + 1, source,
+             u, v, du, dv, args, mask);
 }
 
-void ScanQuad(const IBitmap& source, const Corners& c, IBitmap& target, const ShadeArgs& args) {
+void ScanQuad(const SpanSource& source, const Corners& c, const ScanTarget& target, const ShadeArgs& args) {
     for (const Corner& corner : c) {
         if (!(std::isfinite(corner.x) && std::isfinite(corner.y) && std::isfinite(corner.u) &&
               std::isfinite(corner.v))) {
@@ -111,7 +125,7 @@ void ScanQuad(const IBitmap& source, const Corners& c, IBitmap& target, const Sh
     Edge left(c, top, (top + leftStep) % 4);
     Edge right(c, top, (top + rightStep) % 4);
 
-    const int height = target.getHeight();
+    const int height = target.height;
     for (int band = 0; band < 3; ++band) {
         const int start = order[band];
         if (left.to == start) {
@@ -125,6 +139,10 @@ void ScanQuad(const IBitmap& source, const Corners& c, IBitmap& target, const Sh
             DrawRow(source, target, y, left.At(y), right.At(y), args);
         }
     }
+}
+
+ScanTarget TargetOf(IBitmap& target) {
+    return {target.getBits(), target.getWidth(), target.getHeight(), target.getRowSpan(), nullptr, 0, 0};
 }
 
 Corners MakeCorners(QuadCorners sourceCorners, QuadCorners corners) {
@@ -150,10 +168,32 @@ void DrawQuadMapped(const IBitmap& source, QuadCorners sourceCorners, IBitmap& t
         return;
     }
     const Corners c = MakeCorners(sourceCorners, corners);
-    ScanQuad(source, c, target, {opacity == 1.0f ? SpanShader::Plain : SpanShader::Opacity, mul, 0});
+    const SpanSource from = SpanSource::Of(source);
+    const ScanTarget to = TargetOf(target);
+    ScanQuad(from, c, to, {opacity == 1.0f ? SpanShader::Plain : SpanShader::Opacity, mul, 0});
     if (tint.A() > 0) {
-        ScanQuad(source, c, target, {SpanShader::Tint, 256, tint.argb});
+        ScanQuad(from, c, to, {SpanShader::Tint, 256, tint.argb});
     }
+}
+
+void DrawQuadMappedWithMask(const IBitmap& source, QuadCorners sourceCorners, IBitmap& target, IBitmap& mask,
+                            QuadCorners corners, float opacity, Color32 flag) {
+    const int mul = OpacityMultiplier(opacity);
+    if (mul == 0 || target.IsEmpty() || mask.IsEmpty() || mask.getWidth() != target.getWidth() ||
+        mask.getHeight() != target.getHeight()) {
+        DrawQuadMapped(source, sourceCorners, target, corners, opacity, Color32());
+        DrawQuadMappedMask(source, sourceCorners, mask, corners, flag);
+        return;
+    }
+    if (source.IsEmpty()) {
+        return;
+    }
+    ScanTarget to = TargetOf(target);
+    to.maskBits = mask.getBits();
+    to.maskRowSpan = mask.getRowSpan();
+    to.flag = flag.argb;
+    ScanQuad(SpanSource::Of(source), MakeCorners(sourceCorners, corners), to,
+             {opacity == 1.0f ? SpanShader::Plain : SpanShader::Opacity, mul, 0});
 }
 
 void DrawQuad(const IBitmap& source, float sx, float sy, float sw, float sh, IBitmap& target,
@@ -164,7 +204,8 @@ void DrawQuad(const IBitmap& source, float sx, float sy, float sw, float sh, IBi
 void DrawQuadMappedMask(const IBitmap& source, QuadCorners sourceCorners, IBitmap& target,
                         QuadCorners corners, Color32 flag) {
     if (!source.IsEmpty() && !target.IsEmpty()) {
-        ScanQuad(source, MakeCorners(sourceCorners, corners), target, {SpanShader::Mask, 256, flag.argb});
+        ScanQuad(SpanSource::Of(source), MakeCorners(sourceCorners, corners), TargetOf(target),
+                 {SpanShader::Mask, 256, flag.argb});
     }
 }
 

@@ -25,6 +25,12 @@ void DrawQuadMapped(const IBitmap& source, QuadCorners sourceCorners, IBitmap& t
 void DrawQuad(const IBitmap& source, float sx, float sy, float sw, float sh, IBitmap& target,
               QuadCorners corners, float opacity, Color32 tint);
 
+// DrawQuadMapped without a tint and DrawQuadMappedMask into `mask` with `flag`, in one scan that reads each
+// sample once: a picture and its pick buffer. A mask of another size than the target's takes the two
+// calls one after the other; the pixels come out the same either way.
+void DrawQuadMappedWithMask(const IBitmap& source, QuadCorners sourceCorners, IBitmap& target, IBitmap& mask,
+                            QuadCorners corners, float opacity, Color32 flag);
+
 // Writes the flag word, unblended, wherever the source has alpha. With an index for the flag this fills a
 // pick buffer with the index of what was drawn there.
 void DrawQuadMappedMask(const IBitmap& source, QuadCorners sourceCorners, IBitmap& target,

@@ -28,6 +28,7 @@ Subcommand AddIk(CLI::App& tool);
 Subcommand AddDetect(CLI::App& tool);
 Subcommand AddImport(CLI::App& tool);
 Subcommand AddPack(CLI::App& tool);
+Subcommand AddRender(CLI::App& tool);
 
 // Numbers on the command line are read in plain decimal, the whole text or nothing: an index is an
 // integer of 0 or more, a coordinate any finite number.

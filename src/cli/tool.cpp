@@ -14,7 +14,7 @@ namespace kovra::cli {
 namespace {
 
 constexpr AddSubcommand kSubcommands[] = {AddNew, AddDump,   AddResave, AddCheck, AddPose,
-                                          AddIk,  AddDetect, AddImport, AddPack};
+                                          AddIk,  AddDetect, AddImport, AddPack,  AddRender};
 
 // The subcommand the parser reached, or the tool itself.
 const CLI::App& Selected(const CLI::App& tool) {

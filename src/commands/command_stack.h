@@ -42,6 +42,8 @@ public:
     // Back to an empty history for a fresh document.
     void Clear();
     void MarkSaved() { savedCursor_ = cursor_; }
+    // A document that was never saved as it stands: dirty wherever the history goes.
+    void MarkUnsaved() { savedCursor_ = kSavedLost; }
     bool IsDirty() const { return savedCursor_ != cursor_; }
 
     std::size_t Cursor() const { return cursor_; }

@@ -14,6 +14,25 @@ namespace kestrel2::win {
 
 namespace {
 
+Qt::CursorShape ShapeOf(Cursor cursor) {
+    switch (cursor) {
+        case Cursor::Hand:
+            return Qt::PointingHandCursor;
+        case Cursor::SizeAll:
+            return Qt::SizeAllCursor;
+        case Cursor::SizeHorizontal:
+            return Qt::SizeHorCursor;
+        case Cursor::SizeVertical:
+            return Qt::SizeVerCursor;
+        case Cursor::SizeDiagonal:
+            return Qt::SizeFDiagCursor;
+        case Cursor::SizeAntiDiagonal:
+            return Qt::SizeBDiagCursor;
+        default:
+            return Qt::ArrowCursor;
+    }
+}
+
 // The native side of a custom control: hands its input to the control's Input and shows its back
 // buffer. Qt draws nothing else inside it.
 class CustomWidget : public QWidget {
@@ -36,8 +55,7 @@ protected:
             return QWidget::event(event);
         }
         if (event->type() == QEvent::MouseMove) {
-            const Qt::CursorShape shape =
-                owner_.OnCursor() == Cursor::Hand ? Qt::PointingHandCursor : Qt::ArrowCursor;
+            const Qt::CursorShape shape = ShapeOf(owner_.OnCursor());
             if (cursor().shape() != shape) {
                 setCursor(shape);
             }

@@ -14,7 +14,9 @@
 
 namespace kestrel2::win {
 
-enum class Cursor { Arrow, Hand };
+// The shapes a control may ask for: the arrow, the pointing hand, and the arrows of moving and of sizing
+// along an axis or a diagonal (Diagonal runs from top left to bottom right, AntiDiagonal the other way).
+enum class Cursor { Arrow, Hand, SizeAll, SizeHorizontal, SizeVertical, SizeDiagonal, SizeAntiDiagonal };
 
 class IGuiCustomControl : public IGuiControl {
 public:

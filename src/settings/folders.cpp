@@ -29,7 +29,12 @@ bool EnsureFolder(const std::string& folder) {
 std::string ProgramFolder() {
     std::error_code error;
     const fs::path executable = fs::read_symlink("/proc/self/exe", error);
-    const fs::path folder = error ? fs::current_path(error) : executable.parent_path();
+    return ProgramFolderOf((error ? fs::current_path(error) : executable.parent_path()).string());
+}
+
+std::string ProgramFolderOf(const std::string& executableFolder) {
+    std::error_code error;
+    const fs::path folder = executableFolder;
     const fs::path chosen = fs::is_directory(folder / "Lang", error) ? folder : folder / ".." / "share" / "kovra";
     return (chosen / "").string();
 }

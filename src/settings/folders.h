@@ -17,5 +17,7 @@ bool EnsureFolder(const std::string& folder);
 
 // The executable's folder if it holds Lang/, else ../share/kovra beside it. Ends with a separator.
 std::string ProgramFolder();
+// The same rule for an executable in `executableFolder`.
+std::string ProgramFolderOf(const std::string& executableFolder);
 
 }  // namespace aurel

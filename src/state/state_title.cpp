@@ -7,11 +7,13 @@
 
 #include "anim/playback.h"
 #include "app/app.h"
+#include "gui/theme_palette.h"
 #include "settings/lang.h"
 #include "settings/path_info.h"
 #include "settings/theme.h"
-#include "state/basic_workflow.h"
 #include "state/main_menu.h"
+#include "views/gui_main_view.h"
+#include "views/gui_texture.h"
 #include "views/dialogs/gui_dlg_history.h"
 #include "views/dialogs/gui_dlg_quick.h"
 
@@ -56,16 +58,15 @@ StateTitle::StateTitle(ShellWindow& window, std::string programFolder, aurel::Du
     : window_(window),
       programFolder_(std::move(programFolder)),
       commandLineFile_(std::move(commandLineFile)) {
-    workflow_ = std::make_unique<BasicWorkflow>(
-        WorkflowContext{document_, stack_, *this, pinClipboard_, window_.Prompt(), [this] {
-                            playState_ = 0;
-                            pinSelection_.Clear();
-                            textureSelection_.Clear();
-                            imageSelection_.Clear();
-                        }});
+    workspace_ = std::make_shared<GuiMainView>(document_, *this, window_.Prompt());
+    workflow_ = std::make_unique<FileWorkflow>(WorkflowContextOfState());
+    document_.onChanged.Add(this, &StateTitle::OnDocumentChanged);
 }
 
 StateTitle::~StateTitle() {
+    if (panels_) {
+        panels_->Detach();
+    }
     aurel::LanguageListeners().Remove(this, &StateTitle::OnLanguageChanged);
     aurel::ThemeListeners().Remove(this, &StateTitle::OnThemeChanged);
 }
@@ -98,6 +99,7 @@ void StateTitle::Init() {
     document_.Reset(true);
     CreateViews();
     New();
+    workflow_->OfferRecovery();
     for (const Accelerator& accelerator : MainAccelerators()) {
         window_.AddAccelerator(accelerator.keys, accelerator.id);
     }
@@ -115,6 +117,7 @@ void StateTitle::Shutdown() {
     if (quick_) {
         quick_->Close();
     }
+    workflow_->EndSession();
     window_.Detach();
     aurel::LanguageListeners().Remove(this, &StateTitle::OnLanguageChanged);
     aurel::ThemeListeners().Remove(this, &StateTitle::OnThemeChanged);
@@ -132,7 +135,7 @@ void StateTitle::AddRules() {
     menu.EnableWhen(kMenuCopy, [this] { return window_.TextBoxHasFocus(); });
     menu.EnableWhen(kMenuPaste, [this] { return pinClipboard_.HoldsPins(); });
     menu.EnableWhen(kMenuDelete, [this] {
-        return !(editMode_ == kModeTextures ? textureSelection_ : pinSelection_).selected.empty();
+        return editMode_ == kModeTextures ? !TextureSelection().selected.empty() : workspace_->HasSelection();
     });
     menu.EnableWhen(kMenuMirror, [this] { return editMode_ != kModeTextures; });
     menu.EnableWhen(kMenuFlip, [this] { return editMode_ != kModeTextures; });
@@ -161,21 +164,33 @@ void StateTitle::RebuildFileMenus() {
 void StateTitle::OnLanguageChanged() {
     menu_->ApplyLanguage();
     RebuildFileMenus();
+    if (timeline_) {
+        timeline_->ApplyLanguage();
+    }
 }
 
 void StateTitle::CreateViews() {
     kestrel2::win::Gui& root = window_.Root();
     const aurel::Theme& theme = aurel::CurrentTheme();
     const ViewBoxes boxes = LayOutViews(root.width, root.height, theme.panels.padding);
-    auto make = [&](int id, const kestrel2::win::Box& box, std::function<aurel::Color32()> colour) {
-        auto area = kestrel2::win::MakeChild<ViewArea>(root, id, box.x, box.y, box.width, box.height,
-                                                       std::move(colour));
-        area->keyListeners.Add(this, &StateTitle::OnKey);
-        return area;
-    };
-    workspace_ = make(kWorkspaceId, boxes.workspace, [this] { return backgroundColor_; });
-    timeline_ = make(kTimelineId, boxes.timeline, [] { return aurel::CurrentTheme().ui.panelGrad2; });
-    panels_ = make(kPanelsId, boxes.panels, [] { return aurel::CurrentTheme().panels.bgGrad1; });
+    workspace_->Create(root, kWorkspaceId, boxes.workspace.x, boxes.workspace.y, boxes.workspace.width,
+                       boxes.workspace.height);
+    root.AddChild(workspace_);
+    BindWorkspace();
+    CreateTextureView(boxes.workspace);
+    timeline_ = kestrel2::win::MakeChild<GuiFrames>(root, kTimelineId, boxes.timeline.x, boxes.timeline.y,
+                                                    boxes.timeline.width, boxes.timeline.height, document_,
+                                                    *this, PinSelection(), window_.Prompt());
+    timeline_->commandListeners.Add(this, &StateTitle::RunCommand);
+    timeline_->dragEndListeners.Add(&stack_, &CommandStack::FinishDrag);
+    timeline_->eventListeners.Add(this, &StateTitle::OnTimelineEvent);
+    timeline_->eventsDialogListeners.Add(this, &StateTitle::OnEventsDialog);
+    document_.onChanged.Add(timeline_.get(), &GuiFrames::Invalidate);
+    panels_ = kestrel2::win::MakeChild<GuiNav>(
+        root, kPanelsId, boxes.panels.x, boxes.panels.y, boxes.panels.width, boxes.panels.height,
+        NavContext{document_, *this, window_.Prompt(), PinSelection(), TextureSelection(), imageSelection_});
+    panels_->commandListeners.Add(this, &StateTitle::RunCommand);
+    panels_->pasteBackground = [this] { PasteBackground(); };
     OnThemeChanged();
     aurel::ThemeListeners().AddUnique(this, &StateTitle::OnThemeChanged);
 }
@@ -183,21 +198,26 @@ void StateTitle::CreateViews() {
 // A theme brings its own defaults for the workspace's working colours, and its padding sets the width
 // of the panel column.
 void StateTitle::OnThemeChanged() {
+    kestrel2::win::ApplyThemePalette(aurel::CurrentTheme());
     const aurel::ThemeWorkspace& colours = aurel::CurrentTheme().workspace;
     backgroundColor_ = colours.defBgColor;
     grid_.color0 = colours.defGridColor;
     grid_.origin = colours.defGridColor0;
     grid_.color1 = colours.defGridColor2;
+    timeline_->OnThemeChanged();
     PlaceViews();
+    panels_->OnDocumentChanged();
 }
 
 // The anchors keep every edge where it is as the window changes size.
 void StateTitle::PlaceViews() {
     const kestrel2::win::Gui& root = window_.Root();
-    const ViewBoxes boxes = LayOutViews(root.width, root.height, aurel::CurrentTheme().panels.padding);
+    const ViewBoxes boxes =
+        LayOutViews(root.width, root.height, aurel::CurrentTheme().panels.padding, timeline_->Extended());
     workspace_->SetPos(boxes.workspace.x, boxes.workspace.y, boxes.workspace.width, boxes.workspace.height);
     timeline_->SetPos(boxes.timeline.x, boxes.timeline.y, boxes.timeline.width, boxes.timeline.height);
     panels_->SetPos(boxes.panels.x, boxes.panels.y, boxes.panels.width, boxes.panels.height);
+    PlaceTextureView(boxes.workspace);
     workspace_->SetAnchors(true, true, true, true);
     timeline_->SetAnchors(true, false, true, true);
     panels_->SetAnchors(false, true, true, true);
@@ -243,6 +263,7 @@ void StateTitle::Update() {
     }
     UpdateMenu();
     UpdateTitle();
+    ShowModeView();
     const float elapsed = app_->Elapsed();
     if (playState_ == 1 && document_.HasCurrentAnim()) {
         Advance(document_, lastPlayState_ == 1 ? elapsed - lastElapsed_ : 0.0f);
@@ -252,6 +273,7 @@ void StateTitle::Update() {
     // otherwise, and a redraw asked every frame would keep the event pump from ever idling.
     if (playState_ == 1 || lastPlayState_ != playState_) {
         window_.Redraw();
+        workspace_->Redraw();
     }
     lastPlayState_ = playState_;
 }
@@ -272,13 +294,15 @@ void StateTitle::UpdateTitle() {
     }
 }
 
-// A theme read again reaches the views through the theme's listeners.
+// A theme read again reaches the views through the theme's listeners; the recovery copy keeps up.
 void StateTitle::OnTimer() {
     aurel::RefreshTheme(app_->Settings());
+    workflow_->TickRecovery(CrashRecovery::Clock::now());
 }
 
 void StateTitle::SetBackgroundLoaded(bool) {
     window_.Redraw();
+    workspace_->Redraw();
 }
 
 bool StateTitle::OnCloseRequest() {

@@ -17,17 +17,27 @@
 #include "doc/wirrel_doc.h"
 #include "settings/mru_list.h"
 #include "state/auto_menu.h"
-#include "state/document_workflow.h"
+#include "state/crash_recovery.h"
+#include "state/document_chooser.h"
+#include "state/file_workflow.h"
 #include "state/pin_clipboard.h"
 #include "state/shell_window.h"
-#include "state/view_area.h"
+#include "state/view_layout.h"
+#include "views/nav/gui_nav.h"
+#include "views/gui_frames.h"
 
 namespace aurel {
 class App;
 }
 
+namespace kestrel2::win {
+struct InputEvent;
+}
+
 namespace kovra {
 
+class GuiMainView;
+class GuiTexture;
 class GuiDlgHistory;
 class GuiDlgQuick;
 
@@ -50,15 +60,9 @@ public:
     bool OnCloseRequest() override;
 
     int EditMode() const override { return editMode_; }
-    void SetEditMode(int mode) override {
-        editMode_ = mode;
-        ShowQuickPage();
-    }
+    void SetEditMode(int mode) override;
     int SkinTool() const override { return skinTool_; }
-    void SetSkinTool(int tool) override {
-        skinTool_ = tool;
-        ShowQuickPage();
-    }
+    void SetSkinTool(int tool) override;
     int AnimListSelection() const override { return animListSelection_; }
     void SetAnimListSelection(int index) override { animListSelection_ = index; }
     bool IsPlaying() const override { return playState_ == 1; }
@@ -77,22 +81,35 @@ public:
     WirrelDoc& Document() { return document_; }
     CommandStack& Stack() { return stack_; }
     const AutoMenu& Menu() const { return *menu_; }
+    GuiMainView& Workspace() { return *workspace_; }
     PinClipboard& Clipboard() { return pinClipboard_; }
-    SelectionTracker& PinSelection() { return pinSelection_; }
-    SelectionTracker& TextureSelection() { return textureSelection_; }
+    // The workspace's trackers are the one pin and texture selection that every view shares.
+    SelectionTracker& PinSelection();
+    SelectionTracker& TextureSelection();
     SelectionTracker& ImageSelection() { return imageSelection_; }
     // Set while a long action runs; Update then does nothing.
     bool busy = false;
 
 private:
     void AddRules();
+    // How the file commands reach the document, the views and the menus of this state.
+    WorkflowContext WorkflowContextOfState();
     void ScanFolders();
     void RebuildFileMenus();
     void OnLanguageChanged();
     void CreateViews();
+    void BindWorkspace();
     void OnThemeChanged();
     void PlaceViews();
     void WhatsNewCheck();
+    // The texture view (state_title_texture.cpp): it takes the workspace's place in texture mode.
+    void CreateTextureView(const kestrel2::win::Box& box);
+    void PlaceTextureView(const kestrel2::win::Box& box);
+    void ShowModeView();
+    void OnTextureEvent(const kestrel2::win::InputEvent& event);
+    void OnImageChosen(int image);
+    void AutoDetect();
+    void PressDeleteInTextureView();
     void UpdateMenu();
     void UpdateTitle();
 
@@ -104,6 +121,9 @@ private:
     void DeleteInView();
     void ChangeEditMode(int mode);
     void TogglePlayback();
+    void SetPlayState(int state);
+    void OnWorkspaceEvent(const kestrel2::win::InputEvent& event);
+    void OnDocumentChanged();
     void StepFrame(int step);
     void StepPin(int step);
     void OpenRecent(std::size_t index);
@@ -115,6 +135,10 @@ private:
     GuiDlgQuick& QuickDialog();
     // The quick help follows the edit mode and the build tool.
     void ShowQuickPage();
+    // Keys the timeline passes on; its extended view, shown and hidden by the key T.
+    void OnTimelineEvent(const kestrel2::win::InputEvent& event);
+    void OnEventsDialog(int frame);
+    void ToggleExtendedTimeline();
     void Exit();
 
     aurel::App* app_ = nullptr;
@@ -132,16 +156,17 @@ private:
     std::vector<aurel::DualString> languageFiles_;
     std::vector<aurel::DualString> themeFiles_;
     WirrelDoc document_;
-    SelectionTracker pinSelection_;
-    SelectionTracker textureSelection_;
     SelectionTracker imageSelection_;
     PinClipboard pinClipboard_;
     std::unique_ptr<aurel::MruList> recentFiles_;
-    std::unique_ptr<DocumentWorkflow> workflow_;
-    // Where the workspace, the timeline and the panel column stand until those views are made.
-    std::shared_ptr<ViewArea> workspace_;
-    std::shared_ptr<ViewArea> timeline_;
-    std::shared_ptr<ViewArea> panels_;
+    DialogDocumentChooser chooser_;
+    CrashRecovery recovery_;
+    std::unique_ptr<FileWorkflow> workflow_;
+    // Made with the state, so that its selections exist before the window does.
+    std::shared_ptr<GuiMainView> workspace_;
+    std::shared_ptr<GuiFrames> timeline_;
+    std::shared_ptr<GuiNav> panels_;  // the navigation column
+    std::shared_ptr<GuiTexture> texture_;
     int editMode_ = kModeTextures;
     int skinTool_ = kToolSkin;
     int animListSelection_ = -1;

@@ -8,9 +8,10 @@
 #include "settings/lang.h"
 #include "settings/path_info.h"
 #include "settings/theme.h"
-#include "state/basic_workflow.h"
 #include "state/main_menu.h"
 #include "state/state_title.h"
+#include "state/unfinished.h"
+#include "views/gui_main_view.h"
 
 namespace kovra {
 
@@ -32,9 +33,6 @@ constexpr std::pair<int, int> kKeyCommands[] = {
     {'H', kMenuHistory},   {'N', kMenuNotes},         {'E', kMenuEvents},
     {'K', kMenuQuickKeys}, {kKeyF5, kMenuAutoDetect}, {kKeyF7, kMenuPack},
 };
-
-// The kind of a pin selection made from the keyboard.
-constexpr int kKindPinSelection = 13;
 
 bool InRange(int id, int first, int count) {
     return id >= first && id < first + count;
@@ -135,7 +133,7 @@ void StateTitle::OnMenuCommand(int id) {
             break;
         case kMenuAutoDetect:
             if (textureMode && imageSelected) {
-                TellUnfinished(window_.Prompt());
+                AutoDetect();
             }
             break;
         case kMenuPack:
@@ -185,6 +183,9 @@ void StateTitle::OnKey(int key) {
         case '4':
             ChangeEditMode(key - '1');
             return;
+        case 'T':
+            ToggleExtendedTimeline();
+            return;
         default:
             break;
     }
@@ -193,6 +194,22 @@ void StateTitle::OnKey(int key) {
             OnMenuCommand(id);
         }
     }
+}
+
+void StateTitle::OnTimelineEvent(const kestrel2::win::InputEvent& event) {
+    if (event.type == kestrel2::win::kInputKeyDown) {
+        OnKey(event.key);
+    }
+}
+
+// The events dialog is not there yet.
+void StateTitle::OnEventsDialog(int) {
+    TellUnfinished(window_.Prompt());
+}
+
+void StateTitle::ToggleExtendedTimeline() {
+    timeline_->SetExtended(!timeline_->Extended());
+    PlaceViews();
 }
 
 void StateTitle::RunCommand(std::shared_ptr<ICommand> command) {
@@ -206,9 +223,9 @@ void StateTitle::Undo() {
 }
 
 void StateTitle::CopyPins() {
-    if (document_.HasCurrentAnim() && !pinSelection_.selected.empty()) {
+    if (document_.HasCurrentAnim() && !PinSelection().selected.empty()) {
         pinClipboard_.Copy(document_.CurrentKey(),
-                           {pinSelection_.selected.begin(), pinSelection_.selected.end()});
+                           {PinSelection().selected.begin(), PinSelection().selected.end()});
     }
 }
 
@@ -220,12 +237,6 @@ void StateTitle::Paste() {
     }
 }
 
-void StateTitle::DeleteInView() {
-    if (editMode_ != kModeTextures && !pinSelection_.selected.empty() && document_.PinCount() > 0) {
-        RunCommand(std::make_shared<CommandPinDelete>(document_, pinSelection_));
-    }
-}
-
 void StateTitle::ChangeEditMode(int mode) {
     RunCommand(std::make_shared<CommandEditorMode>(*this, mode));
 }
@@ -234,9 +245,9 @@ void StateTitle::TogglePlayback() {
     if (playState_ == 1) {
         StopPlayback();
     } else if (document_.HasCurrentAnim()) {
-        playState_ = 1;
+        SetPlayState(1);
         playStartFrame_ = document_.cursor.frameIndex;
-        playStartHot_ = pinSelection_.hotItem;
+        playStartHot_ = PinSelection().hotItem;
     }
 }
 
@@ -244,13 +255,13 @@ void StateTitle::StopPlayback() {
     if (playState_ != 1) {
         return;
     }
-    playState_ = 0;
+    SetPlayState(0);
     const std::uint32_t frame = document_.cursor.frameIndex;
     // The stop records itself only when it moved away from where playback began.
     document_.SetFrame(frame);
     if (frame != playStartFrame_) {
-        RunCommand(std::make_shared<CommandEditorPlay>(document_, pinSelection_, playStartHot_,
-                                                       pinSelection_.hotItem, playStartFrame_, frame));
+        RunCommand(std::make_shared<CommandEditorPlay>(document_, PinSelection(), playStartHot_,
+                                                       PinSelection().hotItem, playStartFrame_, frame));
     }
 }
 
@@ -269,9 +280,9 @@ void StateTitle::StepPin(int step) {
         return;
     }
     const int count = static_cast<int>(document_.CurrentKey().pins.size());
-    const int current = pinSelection_.currentItem;
+    const int current = PinSelection().currentItem;
     const int next = step > 0 ? (current + 1) % count : (current <= 0 ? count - 1 : current - 1);
-    RunCommand(std::make_shared<CommandSel>(document_, pinSelection_, "Pin Selection", kKindPinSelection,
+    RunCommand(std::make_shared<CommandSel>(document_, PinSelection(), "Pin Selection", kKindPinSelection,
                                             next, 0, false));
 }
 

@@ -63,6 +63,11 @@ void GuiMainView::SetEditMode(int mode) {
     Redraw();
 }
 
+void GuiMainView::SetSkinTool(int tool) {
+    state.skinTool = tool;
+    Redraw();
+}
+
 void GuiMainView::SetPlaying(bool playing) {
     state.playing = playing;
     Redraw();
@@ -91,6 +96,33 @@ void GuiMainView::ResetView() {
 void GuiMainView::ClearSelections() {
     input_.ClearSelections();
     Redraw();
+}
+
+void GuiMainView::Refresh() {
+    // Before the first size the view has no pixels to place pins on.
+    if (state.view.clientWidth <= 0 || state.view.clientHeight <= 0) {
+        return;
+    }
+    if (!input_.PoseStep()) {
+        state.pose.clear();
+        state.view.pinPixels.clear();
+        state.skinHandles.clear();
+        state.gripPins.clear();
+    }
+    Redraw();
+}
+
+void GuiMainView::PressKey(std::uint8_t key) {
+    kestrel2::win::InputEvent event;
+    event.key = key;
+    event.keys[key] = 1;
+    event.x = state.mouseX;
+    event.y = state.mouseY;
+    event.type = kestrel2::win::kInputKeyDown;
+    OnInput(event);
+    event.keys[key] = 0;
+    event.type = kestrel2::win::kInputKeyUp;
+    OnInput(event);
 }
 
 void GuiMainView::SetPaletteSkin(const WirrelSkin* skin) {

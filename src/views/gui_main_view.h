@@ -42,7 +42,7 @@ public:
     void OnShow(bool shown) override;
 
     void SetEditMode(int mode);
-    void SetSkinTool(int tool) { state.skinTool = tool; }
+    void SetSkinTool(int tool);
     void SetPlaying(bool playing);
     void Pan(float dxPixels, float dyPixels);
     void SetCamera(float x, float y);
@@ -54,6 +54,11 @@ public:
     void RemapSelection(const std::vector<int>& map) { input_.RemapSelection(map); }
     // The navigation panel offers a skin that may be dropped on a pin, or none.
     void SetPaletteSkin(const WirrelSkin* skin);
+    // After a change of the document: the pose step runs at once, so that input before the next paint
+    // hits what the document now holds, and a paint is asked for.
+    void Refresh();
+    // The key pressed and released over the view, as the menu's Delete does.
+    void PressKey(std::uint8_t key);
 
 protected:
     void OnResize() override;

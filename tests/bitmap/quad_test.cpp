@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 #include <cstring>
+#include <random>
 
 #include "bitmap/image_surface.h"
 #include "bitmap/sys_bitmap.h"
@@ -60,6 +61,38 @@ TEST(Quad, MaskWritesTheFlagAndTheIndexFormFillsAPickBuffer) {
     aurel::DrawQuadMappedMask(kTexture.Bitmap(), Corners{0, 0, 8, 0, 8, 8, 0, 8}, pick,
                               Corners{9, 9, 17, 7, 16, 15, 8, 14}, 4);
     EXPECT_TRUE(MatchesReference(pick, "bitmap/quad_index"));
+}
+
+// The picture and its pick buffer drawn in one scan come out as the two drawn one after the other, for
+// quads across every edge, at every kind of opacity, and with a mask too small to share the scan.
+TEST(Quad, PictureAndMaskInOneScanMatchTheTwoCalls) {
+    std::mt19937 random(77);
+    std::uniform_real_distribution<float> place(-20.0f, 60.0f), side(0.0f, 50.0f), angle(-4.0f, 4.0f);
+    struct Case {
+        float opacity;
+        int maskWidth, maskHeight;
+    };
+    const Case cases[] = {{1.0f, 41, 37}, {0.4f, 41, 37}, {0.0f, 41, 37}, {0.7f, 40, 37}, {1.0f, 41, 20}};
+    for (const Case& c : cases) {
+        for (int trial = 0; trial < 300; ++trial) {
+            const Corners corners = Square(place(random), place(random), side(random), angle(random));
+            const Corners source{0.5f, 0, 7.99f, 1, 7, 7.99f, 0, 6};
+            aurel::ImageSurface picture = Filled(41, 37, 0xFF405060),
+                                mask = Filled(c.maskWidth, c.maskHeight, ~0u);
+            aurel::ImageSurface pictureApart = picture, maskApart = mask;
+            aurel::WrapperBitmap pictureBits = picture.Bitmap(), maskBits = mask.Bitmap();
+            aurel::DrawQuadMappedWithMask(kTexture.Bitmap(), source, pictureBits, maskBits, corners,
+                                          c.opacity, static_cast<std::uint32_t>(trial));
+            kTexture.DrawQuadMapped(source, pictureApart, corners, c.opacity, 0);
+            aurel::WrapperBitmap apartBits = maskApart.Bitmap();
+            aurel::DrawQuadMappedMask(kTexture.Bitmap(), source, apartBits, corners,
+                                      static_cast<std::uint32_t>(trial));
+            ASSERT_EQ(std::memcmp(picture.Row(0), pictureApart.Row(0), picture.ByteSize()), 0)
+                << "opacity " << c.opacity << ", trial " << trial;
+            ASSERT_EQ(std::memcmp(mask.Row(0), maskApart.Row(0), mask.ByteSize()), 0)
+                << "opacity " << c.opacity << ", trial " << trial;
+        }
+    }
 }
 
 TEST(Quad, DegenerateOrHiddenQuadsDrawNothing) {

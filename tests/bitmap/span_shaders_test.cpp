@@ -55,11 +55,26 @@ TEST(SpanShaders, VectorLoopWritesTheSameBytesAsTheScalarForm) {
         for (std::uint32_t& p : vector)
             p = RandomPixel(random);
         scalar = vector;
+        // Every other trial also flags a second row, at its own alignment, in the same pass; the scalar
+        // form gets it from the mask shader on the same samples.
+        std::array<std::uint32_t, 69> flags{}, scalarFlags{};
+        for (std::uint32_t& p : flags)
+            p = random();
+        scalarFlags = flags;
+        const int maskOffset = static_cast<int>(random() % 5);
+        const aurel::MaskRow mask{trial % 2 ? flags.data() + maskOffset : nullptr,
+                                  static_cast<std::uint32_t>(random())};
         aurel::SpanSamples scalarSamples = samples;
-        aurel::ShadeSpan(vector.data() + offset, count, samples, args);
+        aurel::SpanSamples maskSamples = samples;
+        aurel::ShadeSpan(vector.data() + offset, count, samples, args, mask);
         aurel::ShadeSpanScalar(scalar.data() + offset, count, scalarSamples, args);
+        if (mask.pixels != nullptr) {
+            aurel::ShadeSpanScalar(scalarFlags.data() + maskOffset, count, maskSamples,
+                                   {aurel::SpanShader::Mask, 256, mask.flag});
+        }
         ASSERT_EQ(vector, scalar) << "trial " << trial << ", shader " << static_cast<int>(args.shader)
                                   << ", offset " << offset << ", count " << count;
+        ASSERT_EQ(flags, scalarFlags) << "trial " << trial << ", mask offset " << maskOffset;
     }
 }
 

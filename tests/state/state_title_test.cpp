@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "anim/playback.h"
 #include "app/app.h"
 #include "fake_shell_window.h"
 #include "gui/anchoring.h"
@@ -198,8 +199,18 @@ TEST_F(StateTitleTest, MenuEntriesFollowModeClipboardFocusAndSelection) {
     }
 }
 
+// A sheet with two opaque squares on a clear ground, which detection finds.
+std::shared_ptr<WirrelTexImage> TwoSquares() {
+    auto image = std::make_shared<WirrelTexImage>();
+    image->surface.Resize(32, 16);
+    image->surface.FillRect(2, 2, 9, 9, 0xFF336699);
+    image->surface.FillRect(20, 4, 27, 13, 0xFF993366);
+    return image;
+}
+
 TEST_F(StateTitleTest, AutoDetectionRunsOnlyInTextureModeWithAnImageSelected) {
     Start();
+    state->Document().SetImage(-1, TwoSquares());
     const struct {
         int mode;
         bool imageSelected;
@@ -214,11 +225,36 @@ TEST_F(StateTitleTest, AutoDetectionRunsOnlyInTextureModeWithAnImageSelected) {
         if (c.imageSelected) {
             state->ImageSelection().Add(0, true);
         }
-        window.prompt.asked.clear();
         state->OnKey(kKeyF5);
-        EXPECT_EQ(window.prompt.asked.size(), c.runs ? 1u : 0u) << c.mode;
-        EXPECT_EQ(state->Stack().Size(), 0u);
+        EXPECT_EQ(state->Document().Wirrel().textures.size(), c.runs ? 2u : 0u) << c.mode;
+        EXPECT_EQ(state->Stack().Size(), c.runs ? 1u : 0u) << c.mode;
     }
+    EXPECT_TRUE(window.prompt.asked.empty());
+}
+
+TEST_F(StateTitleTest, TheTextureViewTakesTheWorkspacesPlaceInTextureModeAndDeletesFromTheMenu) {
+    Start();
+    kestrel2::win::Gui& root = window.Root();
+    const kestrel2::win::IGuiWindow& workspace = *root.GetDlgControl(1);
+    const kestrel2::win::IGuiWindow* texture = root.GetDlgControl(4);
+    ASSERT_NE(texture, nullptr);
+    EXPECT_EQ((kestrel2::win::Box{texture->x, texture->y, texture->width, texture->height}),
+              (kestrel2::win::Box{workspace.x, workspace.y, workspace.width, workspace.height}));
+    const auto shown = [&] { return std::pair{texture->IsVisible(), workspace.IsVisible()}; };
+    EXPECT_EQ(shown(), std::pair(true, false));
+    state->OnKey('1');
+    state->Update();
+    EXPECT_EQ(shown(), std::pair(false, true));
+    state->Stack().UndoRedo(false, *state);
+    state->Update();
+    EXPECT_EQ(shown(), std::pair(true, false));
+
+    state->Document().SetImage(-1, TwoSquares());
+    state->Document().Wirrel().textures = {WirrelTexture{0, 2, 2, 8, 8}, WirrelTexture{0, 20, 4, 8, 10}};
+    state->TextureSelection().SetCurrent(1, 0);
+    state->OnMenuCommand(kMenuDelete);
+    ASSERT_EQ(state->Document().Wirrel().textures.size(), 1u);
+    EXPECT_EQ(state->Stack().UndoLabel().Utf8(), "Delete Texture");
 }
 
 TEST_F(StateTitleTest, ALanguageChosenFromTheMenuRelabelsItAndMovesTheCheckMark) {
@@ -354,6 +390,42 @@ TEST_F(StateTitleTest, AThemeChosenFromTheMenuIsCheckedAndBringsItsWorkspaceColo
     EXPECT_EQ(state->BackgroundColor(), aurel::CurrentTheme().workspace.defBgColor);
     EXPECT_NE(state->BackgroundColor(), pale);
     EXPECT_EQ(state->Grid().origin, aurel::CurrentTheme().workspace.defGridColor0);
+}
+
+TEST_F(StateTitleTest, TheTimelineOpensItsLanesOnTAndPlaysAndEditsThroughTheState) {
+    Start();
+    kestrel2::win::Gui& root = window.Root();
+    auto& timeline = dynamic_cast<GuiFrames&>(*root.GetDlgControl(2));
+    state->OnKey('T');
+    EXPECT_TRUE(timeline.Extended());
+    EXPECT_EQ(timeline.height, root.height / 2);
+    EXPECT_EQ(timeline.y + timeline.height, root.height);
+    timeline.Toolbar()->Click(0x3F4);
+    EXPECT_FALSE(timeline.Extended());
+    EXPECT_EQ(timeline.height, 120);
+
+    timeline.Toolbar()->Click(0x3EE);
+    EXPECT_TRUE(state->IsPlaying());
+    timeline.Toolbar()->Click(0x3EF);
+    EXPECT_FALSE(state->IsPlaying());
+
+    // A new length from the frame count edit is one undoable step.
+    kestrel2::win::GuiEdit& count = *timeline.Edit(0x3F9);
+    count.SetText(aurel::DualString("7"));
+    count.FocusLost();
+    ASSERT_TRUE(state->Stack().CanUndo());
+    std::uint64_t ticks = 0;
+    for (const WirrelKey& key : state->Document().CurrentAnim().keys) {
+        ticks += key.ticks;
+    }
+    const WirrelDoc& doc = state->Document();
+    EXPECT_EQ(ticks, doc.Wirrel().ticksPerSecond * 7u / kSnapRates[doc.snapFrames]);
+    state->OnMenuCommand(kMenuUndo);
+    EXPECT_FALSE(state->Stack().CanUndo());
+
+    timeline.eventsDialogListeners.Call(0);
+    ASSERT_FALSE(window.prompt.asked.empty());
+    EXPECT_EQ(window.prompt.asked.back().title.Utf8(), "WIP");
 }
 
 }  // namespace

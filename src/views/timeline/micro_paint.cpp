@@ -24,15 +24,6 @@ aurel::Color32 Darker(aurel::Color32 c) {
     return aurel::Color32(down(c.R()), down(c.G()), down(c.B()), c.A());
 }
 
-int IndexOfPin(const WirrelKey& key, std::int32_t id) {
-    for (std::size_t i = 0; i < key.pins.size(); ++i) {
-        if (key.pins[i].id == id) {
-            return static_cast<int>(i);
-        }
-    }
-    return -1;
-}
-
 }  // namespace
 
 float MicroTimeline::XOfTicks(std::uint64_t ticks, const FrameStrip& strip) const {
@@ -42,17 +33,39 @@ float MicroTimeline::XOfTicks(std::uint64_t ticks, const FrameStrip& strip) cons
         std::round(pixelsPerSecond * static_cast<double>(ticks) / strip.TicksPerSecond()) + layout.Origin());
 }
 
+void MicroTimeline::IndexPins(const std::vector<WirrelKey>& frames) {
+    const auto ids = static_cast<int>(doc_.Wirrel().pinNames.size());
+    pinIndices_.resize(frames.size());
+    for (std::size_t f = 0; f < frames.size(); ++f) {
+        std::vector<int>& at = pinIndices_[f];
+        at.assign(static_cast<std::size_t>(ids), -1);
+        for (std::size_t i = 0; i < frames[f].pins.size(); ++i) {
+            const std::int32_t id = frames[f].pins[i].id;
+            if (id >= 0 && id < ids && at[id] < 0) {
+                at[id] = static_cast<int>(i);
+            }
+        }
+    }
+}
+
 void MicroTimeline::BuildItems(const std::vector<WirrelKey>& frames, const FrameStrip& strip) {
     items_.clear();
+    laneItems_.assign(1, 0);
     const int pins = PinCount();
     if (frames.empty()) {
+        laneItems_.assign(static_cast<std::size_t>(pins) + 1, 0);
         return;
     }
+    IndexPins(frames);
     std::vector<std::uint64_t> starts{0};
     for (const WirrelKey& key : frames) {
         starts.push_back(starts.back() + key.ticks);
     }
     const int count = static_cast<int>(frames.size());
+    const auto indexOf = [&](int frame, std::int32_t id) {
+        const std::vector<int>& at = pinIndices_[frame];
+        return id >= 0 && id < static_cast<int>(at.size()) ? at[id] : -1;
+    };
     for (int lane = 0; lane < pins; ++lane) {
         const int pin = pins - 1 - lane;
         const std::int32_t id = doc_.CurrentKey().pins[pin].id;
@@ -60,12 +73,12 @@ void MicroTimeline::BuildItems(const std::vector<WirrelKey>& frames, const Frame
         int first = 0;
         for (int i = 1; i <= count; ++i) {
             if (i < count) {
-                const int at = IndexOfPin(frames[i], id);
+                const int at = indexOf(i, id);
                 if (at >= 0 && (frames[i].pins[at].flags & kPinTweened) != 0) {
                     continue;
                 }
             }
-            const int before = IndexOfPin(frames[i - 1], id);
+            const int before = indexOf(i - 1, id);
             if (before < 0 || (frames[i - 1].pins[before].flags & kPinHidden) == 0) {
                 items_.push_back(MicroItem{XOfTicks(starts[first], strip), static_cast<float>(top + 2),
                                            XOfTicks(starts[i], strip) - 1.0f,
@@ -73,6 +86,7 @@ void MicroTimeline::BuildItems(const std::vector<WirrelKey>& frames, const Frame
             }
             first = i;
         }
+        laneItems_.push_back(static_cast<int>(items_.size()));
     }
 }
 
@@ -82,22 +96,42 @@ void MicroTimeline::Paint(aurel::ImageSurface& target, const FrameStrip& strip) 
     BuildItems(frames, strip);
     const TimelineLayout& layout = owner_.Layout();
     const aurel::ThemeTimeline& t = aurel::CurrentTheme().timeline;
-    target.FillRect(0, layout.LanesTop(), target.Width() - 1, layout.LanesBottom(), t.microBgColor);
-    // Lanes are drawn into a band of their own, so that nothing spills over the ruler or the strip.
-    aurel::ImageSurface band;
-    band.Resize(target.Width(), std::max(1, layout.LanesBottom() - layout.LanesTop() + 1));
-    band.Clear(t.microBgColor);
-    for (int lane = 0; lane < static_cast<int>(laneHeights_.size()); ++lane) {
-        PaintLane(band, lane, LaneTop(lane) - layout.LanesTop(), frames);
+    const int height = layout.LanesBottom() - layout.LanesTop() + 1;
+    if (height <= 0) {
+        return;
     }
-    band.DrawLine(kNameColumnWidth - 1, 0, kNameColumnWidth - 1, band.Height() - 1, t.microBorder);
-    for (int y = 0; y < band.Height(); ++y) {
-        std::copy_n(band.Row(y), band.Width(), target.Row(layout.LanesTop() + y));
+    // Lanes are drawn into a band of their own, so that nothing spills over the ruler or the strip.
+    if (band_.Width() != target.Width() || band_.Height() != height) {
+        band_.Resize(target.Width(), height);
+    }
+    band_.Clear(t.microBgColor);
+    for (int lane = 0; lane < static_cast<int>(laneHeights_.size()); ++lane) {
+        PaintLane(band_, lane, LaneTop(lane) - layout.LanesTop());
+    }
+    band_.DrawLine(kNameColumnWidth - 1, 0, kNameColumnWidth - 1, height - 1, t.microBorder);
+    for (int y = 0; y < height; ++y) {
+        std::copy_n(band_.Row(y), band_.Width(), target.Row(layout.LanesTop() + y));
     }
 }
 
-void MicroTimeline::PaintLane(aurel::ImageSurface& s, int lane, int top,
-                              const std::vector<WirrelKey>& frames) {
+void MicroTimeline::PaintHover(aurel::ImageSurface& target) const {
+    if (hoverItem_ < 0 || hoverItem_ >= static_cast<int>(items_.size()) ||
+        (hoverAction_ != kMicroDragKey && activeAction_ != kMicroDragKey)) {
+        return;
+    }
+    const MicroItem& item = items_[hoverItem_];
+    const TimelineLayout& layout = owner_.Layout();
+    const int left = std::max(kNameColumnWidth, static_cast<int>(item.left));
+    const int x = dragSourceFrame_ == item.firstFrame ? left : static_cast<int>(item.right);
+    const int top = std::max(layout.LanesTop(), static_cast<int>(item.top));
+    const int bottom = std::min(layout.LanesBottom(), static_cast<int>(item.bottom));
+    if (top <= bottom) {
+        target.FillRect(std::max(kNameColumnWidth, x - 2), top, x + 2, bottom,
+                        aurel::CurrentTheme().timeline.frameSelColor);
+    }
+}
+
+void MicroTimeline::PaintLane(aurel::ImageSurface& s, int lane, int top) {
     const aurel::Theme& theme = aurel::CurrentTheme();
     const aurel::ThemeTimeline& t = theme.timeline;
     const int height = laneHeights_[lane];
@@ -127,14 +161,14 @@ void MicroTimeline::PaintLane(aurel::ImageSurface& s, int lane, int top,
     }
     s.FillRect(kNameColumnWidth, top, s.Width() - 1, bottom, lane % 2 == 1 ? t.microColor1 : t.microColor2);
     const int current = static_cast<int>(doc_.cursor.frameIndex);
-    for (int i = 0; i < static_cast<int>(items_.size()); ++i) {
+    for (int i = laneItems_[lane]; i < laneItems_[lane + 1]; ++i) {
         const MicroItem& item = items_[i];
         // Items wholly outside the time area are skipped: a long animation has most of them there.
-        if (item.pin != pin || item.right < static_cast<float>(kNameColumnWidth) ||
-            item.left >= static_cast<float>(s.Width())) {
+        if (item.right < static_cast<float>(kNameColumnWidth) || item.left >= static_cast<float>(s.Width())) {
             continue;
         }
-        const int pinAt = IndexOfPin(frames[item.firstFrame], record.id);
+        const std::vector<int>& at = pinIndices_[item.firstFrame];
+        const int pinAt = record.id >= 0 && record.id < static_cast<int>(at.size()) ? at[record.id] : -1;
         const bool diffZ = pinAt >= 0 && pinAt != pin;
         const aurel::Color32 c = diffZ ? t.microItemDiffZ : (lane % 2 == 1 ? t.microItem2 : t.microItem1);
         const int left = std::max(kNameColumnWidth, static_cast<int>(item.left));
@@ -156,10 +190,6 @@ void MicroTimeline::PaintLane(aurel::ImageSurface& s, int lane, int top,
         const float base = static_cast<float>(itemBottom - 5);
         s.DrawLineF(static_cast<float>(left), base, static_cast<float>(right),
                     static_cast<float>(itemTop + 2), diffZ ? t.microEnvDiffZ : t.microEnv, 1.0f, true);
-        if (i == hoverItem_ && (hoverAction_ == kMicroDragKey || activeAction_ == kMicroDragKey)) {
-            const int x = dragSourceFrame_ == item.firstFrame ? left : right;
-            s.FillRect(x - 2, itemTop, x + 2, itemBottom, t.frameSelColor);
-        }
     }
     s.DrawLine(0, bottom, s.Width() - 1, bottom, t.microBorder);
 }

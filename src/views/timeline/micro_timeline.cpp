@@ -46,7 +46,11 @@ int MicroTimeline::PinCount() const {
 }
 
 void MicroTimeline::FitLanes() {
-    laneHeights_.resize(static_cast<std::size_t>(PinCount()), kDefaultLaneHeight);
+    const auto count = static_cast<std::size_t>(PinCount());
+    if (laneHeights_.size() != count) {
+        laneHeights_.resize(count, kDefaultLaneHeight);
+        changed_ = true;
+    }
 }
 
 int MicroTimeline::LaneTop(int lane) const {
@@ -78,13 +82,19 @@ int MicroTimeline::LaneAt(int y, int& edge) const {
     return -1;
 }
 
-void MicroTimeline::ScrollBy(int pixels) {
+int MicroTimeline::TotalHeight() const {
     int total = 0;
     for (int h : laneHeights_) {
         total += h;
     }
+    return total;
+}
+
+void MicroTimeline::ScrollBy(int pixels) {
     const int visible = owner_.Layout().LanesBottom() - owner_.Layout().LanesTop() + 1;
-    scroll_ = std::clamp(scroll_ + pixels, 0, std::max(0, total - visible));
+    const int scroll = std::clamp(scroll_ + pixels, 0, std::max(0, TotalHeight() - visible));
+    changed_ = changed_ || scroll != scroll_;
+    scroll_ = scroll;
 }
 
 void MicroTimeline::SetLaneHeights(int height, bool all) {
@@ -97,6 +107,7 @@ void MicroTimeline::SetLaneHeights(int height, bool all) {
             laneHeights_[l] = h;
         }
     }
+    changed_ = true;
     ScrollBy(0);
 }
 
@@ -219,6 +230,7 @@ void MicroTimeline::Select(bool withTime, bool add) {
 }
 
 void MicroTimeline::Act(const InputEvent& event) {
+    changed_ = true;
     switch (activeAction_) {
         case kMicroDragKey:
             DragKey(event.x);
@@ -323,6 +335,7 @@ void MicroTimeline::DragKey(int x) {
 void MicroTimeline::Release() {
     const int action = activeAction_;
     activeAction_ = -1;
+    changed_ = true;
     if (action != kMicroDragKey) {
         return;
     }
@@ -347,6 +360,7 @@ void MicroTimeline::Cancel() {
     doc_.cursor.framePos = timeBackup_;
     doc_.cursor.frameIndex = static_cast<std::uint32_t>(timeBackup_);
     activeAction_ = -1;
+    changed_ = true;
 }
 
 }  // namespace kovra

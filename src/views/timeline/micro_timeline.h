@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "bitmap/image_surface.h"
@@ -49,9 +50,19 @@ public:
     MicroTimeline(TimelineView& owner, WirrelDoc& doc, SelectionTracker& selection);
 
     void OnInput(const kestrel2::win::InputEvent& event);
-    // Draws the lanes into the band between the ruler and the strip, over the frames given.
+    // Draws the lanes into the band between the ruler and the strip, over the frames given, and records
+    // the items that the mouse hits.
     void Paint(aurel::ImageSurface& target, const FrameStrip& strip);
+    // The mark on the item end under the mouse or held, over lanes that Paint drew.
+    void PaintHover(aurel::ImageSurface& target) const;
+    // Whether the lanes look different from when they were last drawn; the answer clears it.
+    bool TakeChanged() { return std::exchange(changed_, false); }
     void ScrollBy(int pixels);
+    // The lanes' scroll position in pixels, held to the lanes' total height less the visible part.
+    int Scroll() const { return scroll_; }
+    void SetScroll(int pixels) { ScrollBy(pixels - scroll_); }
+    // The lanes' heights added up.
+    int TotalHeight() const;
     // A right press or Esc during an action: the frames, the lane heights and the time come back.
     void Cancel();
     // `height` for every lane, or for those of selected pins, held to 19 up to the list's height - 1.
@@ -77,8 +88,10 @@ private:
     void DragKey(int x);
     void Select(bool withTime, bool add);
     void BuildItems(const std::vector<WirrelKey>& frames, const FrameStrip& strip);
+    // For each frame, the index of each pin id in it (-1 where the frame lacks the pin).
+    void IndexPins(const std::vector<WirrelKey>& frames);
     float XOfTicks(std::uint64_t ticks, const FrameStrip& strip) const;
-    void PaintLane(aurel::ImageSurface& target, int lane, int top, const std::vector<WirrelKey>& frames);
+    void PaintLane(aurel::ImageSurface& target, int lane, int top);
 
     TimelineView& owner_;
     WirrelDoc& doc_;
@@ -86,6 +99,10 @@ private:
     std::vector<int> laneHeights_;
     std::vector<int> laneHeightsBackup_;
     std::vector<MicroItem> items_;
+    std::vector<int> laneItems_;                // the first item of each lane, and the end
+    std::vector<std::vector<int>> pinIndices_;  // by frame, then pin id
+    aurel::ImageSurface band_;                  // the lanes before they go between ruler and strip
+    bool changed_ = true;
     std::vector<WirrelKey> framesBackup_;
     std::vector<WirrelKey> frames_;
     int scroll_ = 0;

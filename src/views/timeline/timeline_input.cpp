@@ -59,6 +59,7 @@ void TimelineView::Sync() {
         rebuildStrip_ = true;
         strip_.SetTimeBase(doc_.Wirrel().ticksPerSecond, static_cast<int>(doc_.snapFrames));
         strip_.Rebuild(doc_.HasCurrentAnim() ? doc_.CurrentAnim().keys : std::vector<WirrelKey>{});
+        thumbBounds_ = BoundsOfFrames(strip_.Frames());
         if (!drag_.Active()) {
             preview_ = strip_;
         }
@@ -172,6 +173,7 @@ void TimelineView::ClearHover() {
 }
 
 void TimelineView::MouseMove(const InputEvent& event) {
+    const int eventFrame = hotEventFrame_;
     ClearHover();
     const std::vector<CellRect>& cells = layout_.Cells();
     const int end = strip_.LastCell();
@@ -202,6 +204,8 @@ void TimelineView::MouseMove(const InputEvent& event) {
             }
         }
     }
+    // The offer of an event marker is drawn with the cells.
+    cacheDirty_ = cacheDirty_ || eventFrame != hotEventFrame_;
     UpdatePreview();
 }
 

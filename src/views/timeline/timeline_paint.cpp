@@ -57,7 +57,7 @@ std::string CellLabel(int cell, int rate) {
 class TimelinePainter {
 public:
     TimelinePainter(TimelineView& view, aurel::ImageSurface& target)
-        : v_(view), target_(target), theme_(aurel::CurrentTheme()) {}
+        : v_(view), target_(target), theme_(aurel::CurrentTheme()), bounds_(view.thumbBounds_) {}
 
     void Paint();
 
@@ -73,28 +73,36 @@ private:
     TimelineView& v_;
     aurel::ImageSurface& target_;
     const aurel::Theme& theme_;
-    PoseBounds bounds_;
+    const PoseBounds& bounds_;
 };
 
 void TimelinePainter::Paint() {
     v_.Sync();
-    bounds_ = BoundsOfFrames(v_.strip_.Frames());
+    // The cells mark the current frame, and the lanes show its pins: a new current frame redraws them.
+    const std::uint32_t current = v_.doc_.cursor.frameIndex;
+    const bool lanesChanged = v_.extended_ && v_.micro_->TakeChanged();
     aurel::ImageSurface& cache = v_.stripCache_;
-    if (v_.cacheDirty_ || cache.Width() != target_.Width() || cache.Height() != target_.Height()) {
-        cache.Resize(target_.Width(), target_.Height());
+    if (v_.cacheDirty_ || lanesChanged || current != v_.cachedFrame_ || cache.Width() != target_.Width() ||
+        cache.Height() != target_.Height()) {
+        if (cache.Width() != target_.Width() || cache.Height() != target_.Height()) {
+            cache.Resize(target_.Width(), target_.Height());
+        }
         PaintStatic(cache);
+        if (v_.extended_) {
+            v_.micro_->Paint(cache, Shown());
+        }
         v_.cacheDirty_ = false;
+        v_.cachedFrame_ = current;
     }
     std::copy_n(cache.Row(0), static_cast<std::size_t>(cache.Width()) * cache.Height(), target_.Row(0));
     if (v_.extended_) {
-        v_.micro_->Paint(target_, Shown());
+        v_.micro_->PaintHover(target_);
     }
     PaintPlayhead();
     PaintHot();
     PaintDragged();
-    const int current = static_cast<int>(v_.doc_.cursor.frameIndex);
-    if (v_.focused_ && current < static_cast<int>(Shown().Frames().size())) {
-        const int cell = Shown().CellOfFrame(current);
+    if (v_.focused_ && current < Shown().Frames().size()) {
+        const int cell = Shown().CellOfFrame(static_cast<int>(current));
         if (cell < static_cast<int>(v_.layout_.Cells().size())) {
             const CellRect& r = v_.layout_.Cells()[cell];
             target_.FillRect(r.left, r.top, r.right, r.bottom,

@@ -16,6 +16,7 @@
 #include "doc/wirrel_doc.h"
 #include "gui/input_event.h"
 #include "views/timeline/frame_strip.h"
+#include "views/timeline/thumbnail.h"
 #include "views/timeline/timeline_layout.h"
 
 namespace kovra {
@@ -132,7 +133,9 @@ private:
     FrameStrip preview_;
     TimelineLayout layout_;
     TimelineDrag drag_;
-    aurel::ImageSurface stripCache_;
+    aurel::ImageSurface stripCache_;  // bands, ruler, cells and lanes as last drawn
+    std::uint32_t cachedFrame_ = 0;   // the current frame when the cache was drawn
+    PoseBounds thumbBounds_;          // shared by the thumbnails of the strip's frames
     kestrel2::win::InputEvent lastMove_;
     bool hasMouse_ = false;
     int width_ = 0;

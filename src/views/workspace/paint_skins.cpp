@@ -13,17 +13,21 @@ void PaintSkins(aurel::ImageSurface& target, aurel::ImageSurface& pick, const Sk
     aurel::WrapperBitmap pickBits = pick.Bitmap();
     for (const SkinPiece& piece : layer.pieces) {
         const aurel::WrapperBitmap source = piece.image->Bitmap();
-        if (piece.draw) {
+        const bool pickNow = piece.pickPass == kPickFirst;
+        // The pick buffer is another bitmap, so its flags may be written in the picture's pass.
+        if (piece.draw && pickNow) {
+            aurel::DrawQuadMappedWithMask(source, piece.source, dest, pickBits, piece.corners, piece.opacity,
+                                          piece.pickValue);
+        } else if (piece.draw) {
             aurel::DrawQuadMapped(source, piece.source, dest, piece.corners, piece.opacity, aurel::Color32());
+        } else if (pickNow) {
+            aurel::DrawQuadMappedMask(source, piece.source, pickBits, piece.corners, piece.pickValue);
         }
         if (piece.fillCollision) {
             const auto& c = piece.corners;
             const float opacity = static_cast<float>(piece.collision.A()) / 255.0f;
             target.FillTriangle(c[0], c[1], c[2], c[3], c[4], c[5], piece.collision, opacity);
             target.FillTriangle(c[0], c[1], c[4], c[5], c[6], c[7], piece.collision, opacity);
-        }
-        if (piece.pickPass == kPickFirst) {
-            aurel::DrawQuadMappedMask(source, piece.source, pickBits, piece.corners, piece.pickValue);
         }
     }
     for (const SkinPiece& piece : layer.pieces) {

@@ -34,8 +34,8 @@ void WorkspaceInput::Send(std::shared_ptr<ICommand> command) {
     commandListeners.Call(std::move(command));
 }
 
-void WorkspaceInput::PoseStep() {
-    kovra::PoseStep(doc_, state_, pinRadius_);
+bool WorkspaceInput::PoseStep() {
+    return kovra::PoseStep(doc_, state_, pinRadius_);
 }
 
 bool WorkspaceInput::ValidPin(int pin) const {
@@ -89,6 +89,11 @@ void WorkspaceInput::OnInput(const InputEvent& event) {
                 OnInputBackground(event);
                 break;
             default:
+                // The texture view stands in the workspace's place then; a key that still arrives here
+                // belongs to the editor.
+                if (event.type == kInputKeyDown || event.type == kInputWheel) {
+                    eventListeners.Call(event);
+                }
                 break;
         }
     }

@@ -61,8 +61,8 @@ public:
     void SetPinRadius(float radius) { pinRadius_ = radius; }
     // The hand over a hot pin unless playing.
     bool WantsHandCursor() const;
-    // Reruns the pose step, as after each change that moves pins.
-    void PoseStep();
+    // Reruns the pose step, as after each change that moves pins; false when there is no pose to show.
+    bool PoseStep();
 
 private:
     bool ValidPin(int pin) const;
