@@ -7,6 +7,7 @@
 #include "gui/virtual_keys.h"
 #include "state/state_title.h"
 #include "textures/texture_commands.h"
+#include "views/gui_main_view.h"
 #include "views/gui_texture.h"
 
 namespace kovra {
