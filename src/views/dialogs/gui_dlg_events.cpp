@@ -32,7 +32,7 @@ void GuiDlgEvents::OnInitDialog() {
     MakeItem<GuiButton>(*this, kRemove, 27, 131, 18, 14, "-");
     grid_ = MakeItem<GuiProps>(*this, kGrid, 93, 7, 141, 120, "", prompt_);
     grid_->AddChangeListener(this, &GuiDlgEvents::OnRowChanged);
-    MakeItem<GuiStatic>(*this, kNote, 93, 130, 141, 14, "Numbers become int or float variables.",
+    MakeItem<GuiStatic>(*this, kNote, 93, 129, 141, 16, "Numbers become int or float.",
                         StaticStyle::WrappedLabel);
     MakeItem<GuiButton>(*this, kIdOk, 128, 147, 50, 14, "OK");
     MakeItem<GuiButton>(*this, kIdCancel, 184, 147, 50, 14, "")->SetLang("COMMON", "Cancel");
