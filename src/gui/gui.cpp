@@ -1,14 +1,11 @@
 #include "gui/gui.h"
 
-#include <QDragEnterEvent>
-#include <QDropEvent>
 #include <QKeyEvent>
-#include <QMimeData>
 #include <QPalette>
-#include <QUrl>
 #include <QWidget>
 
 #include "base/kestrel_exception.h"
+#include "gui/file_drops.h"
 #include "gui/virtual_keys.h"
 
 namespace kestrel2::win {
@@ -42,23 +39,9 @@ protected:
                 owner_.keyListeners.Call(virtualKey, event->type() == QEvent::KeyPress);
                 return true;
             }
-            case QEvent::DragEnter: {
-                auto* drag = static_cast<QDragEnterEvent*>(event);
-                if (drag->mimeData()->hasUrls()) {
-                    drag->acceptProposedAction();
-                }
-                return true;
-            }
-            case QEvent::Drop: {
-                auto* drop = static_cast<QDropEvent*>(event);
-                for (const QUrl& url : drop->mimeData()->urls()) {
-                    if (url.isLocalFile()) {
-                        owner_.dropListeners.Call(aurel::DualString(url.toLocalFile().toStdString()));
-                    }
-                }
-                drop->acceptProposedAction();
-                return true;
-            }
+            case QEvent::DragEnter:
+            case QEvent::Drop:
+                return HandleFileDrop(event, owner_.dropListeners);
             default:
                 return false;
         }

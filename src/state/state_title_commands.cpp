@@ -146,11 +146,9 @@ void StateTitle::OnMenuCommand(int id) {
         case kMenuPasteBackground:
             PasteBackground();
             break;
-        case kMenuEvents:
-            TellUnfinished(window_.Prompt());
-            break;
         case kMenuHistory:
         case kMenuNotes:
+        case kMenuEvents:
         case kMenuQuickKeys:
         case kMenuAbout:
         case kMenuChangeLog:

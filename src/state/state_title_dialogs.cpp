@@ -10,6 +10,7 @@
 #include "state/main_menu.h"
 #include "state/state_title.h"
 #include "views/dialogs/gui_dlg_about.h"
+#include "views/dialogs/gui_dlg_events.h"
 #include "views/dialogs/gui_dlg_export_sprites.h"
 #include "views/dialogs/gui_dlg_history.h"
 #include "views/dialogs/gui_dlg_new.h"
@@ -44,6 +45,11 @@ void StateTitle::OpenDialog(int menuId) {
             break;
         case kMenuNotes:
             GuiDlgNotes(document_, stack_, window_.Prompt()).DoModal(&root);
+            break;
+        case kMenuEvents:
+            if (document_.HasCurrentAnim()) {
+                GuiDlgEvents(document_, stack_, window_.Prompt()).DoModal(&root);
+            }
             break;
         case kMenuAbout:
             GuiDlgAbout(programFolder_ + "About.ske").DoModal(&root);

@@ -12,11 +12,14 @@
 #include "commands/pin_commands.h"
 #include "gui/gui_button.h"
 #include "gui/gui_edit.h"
+#include "gui/gui_list_box.h"
+#include "gui/gui_props.h"
 #include "images/wirrel_tex_image.h"
 #include "support/english.h"
 #include "support/image_library.h"
 #include "support/scripted_prompt.h"
 #include "support/temp_dir.h"
+#include "views/dialogs/gui_dlg_events.h"
 #include "views/dialogs/gui_dlg_export_sprites.h"
 #include "views/dialogs/gui_dlg_history.h"
 #include "views/dialogs/gui_dlg_notes.h"
@@ -177,6 +180,40 @@ TEST(HistoryDialog, FollowsTheStackAndKeepsItsPlace) {
     ASSERT_TRUE(place.has_value());
     EXPECT_EQ(place->width, 500);
     EXPECT_EQ(place->height, 400);
+}
+
+TEST(EventsDialog, TypedRowsAreMarkedAndOkSendsTheEvents) {
+    WirrelDoc doc;
+    doc.Reset(true);
+    CommandStack stack;
+    test::ScriptedPrompt prompt;
+    GuiDlgEvents dialog(doc, stack, prompt);
+    RunModal(dialog, [&] {
+        auto& list = static_cast<kestrel2::win::GuiListBox&>(*dialog.GetDlgControl(GuiDlgEvents::kList));
+        auto& grid = static_cast<kestrel2::win::GuiProps&>(*dialog.GetDlgControl(GuiDlgEvents::kGrid));
+        EXPECT_EQ(list.GetCount(), 0);
+        dialog.commandListeners.Call(GuiDlgEvents::kAdd);
+        ASSERT_EQ(list.GetCount(), 1);
+        EXPECT_EQ(list.Item(0).text.Utf8(), "Event 1");
+        ASSERT_EQ(grid.RowCount(), 7);
+        EXPECT_EQ(grid.Row(0).name.Utf8(), "Event");
+        EXPECT_EQ(grid.Row(1).name.Utf8(), "Var 1");
+        grid.rowListeners.Call(GuiDlgEvents::kGrid, 1, aurel::DualString("3"));
+        grid.rowListeners.Call(GuiDlgEvents::kGrid, 2, aurel::DualString("3.5"));
+        grid.rowListeners.Call(GuiDlgEvents::kGrid, 3, aurel::DualString("x"));
+        QTimer::singleShot(10, [&] {
+            ASSERT_EQ(grid.RowCount(), 7);
+            EXPECT_EQ(grid.Row(1).name.Utf8(), "Var 1 (int)");
+            EXPECT_EQ(grid.Row(2).name.Utf8(), "Var 2 (float)");
+            EXPECT_EQ(grid.Row(3).name.Utf8(), "Var 3 (invalid)");
+            EXPECT_EQ(grid.Row(4).name.Utf8(), "Var 4");
+            dialog.commandListeners.Call(IResDialog::kIdOk);
+        });
+    });
+    EXPECT_EQ(stack.Size(), 1u);
+    ASSERT_EQ(doc.Wirrel().events.size(), 1u);
+    EXPECT_EQ(doc.Wirrel().events[0].types, 2u | (1u << 2));
+    EXPECT_EQ(doc.CurrentKey().eventCount, 1);
 }
 
 TEST(QuickDialog, ShowsThePageOfTheKeyAndKeepsItForAnUnknownKey) {

@@ -25,6 +25,8 @@ GuiDlgNotes::GuiDlgNotes(WirrelDoc& document, CommandStack& stack, aurel::Prompt
 void GuiDlgNotes::OnInitDialog() {
     picture_ = MakeItem<PictureView>(*this, kImage, 7, 7, 241, 88, "");
     picture_->clickListeners.Add(this, &GuiDlgNotes::OnImageClicked);
+    picture_->dropListeners.Add(this, &GuiDlgNotes::OnImageDropped);
+    picture_->AcceptDrops();
     edit_ = MakeItem<GuiEdit>(*this, kText, 7, 101, 241, 80, text_.Utf8(),
                               EditStyle{.multiLine = true, .wantReturn = true});
     MakeItem<GuiButton>(*this, kIdOk, 142, 187, 50, 14, "OK");
@@ -65,6 +67,10 @@ void GuiDlgNotes::OnImageClicked(int) {
     if (!file.empty()) {
         LoadImage(file);
     }
+}
+
+void GuiDlgNotes::OnImageDropped(const aurel::DualString& file) {
+    LoadImage(file);
 }
 
 void GuiDlgNotes::Accept() {

@@ -1,5 +1,6 @@
 #pragma once
-// The document's notes: a text and a picture chosen from a file. OK hands both to the stack in one
+// The document's notes: a text and a picture dropped on the dialog or chosen from a file (a click on the
+// picture asks for one). OK hands both to the stack in one
 // command; Cancel leaves the document as it was.
 
 #include <cstdint>
@@ -37,6 +38,7 @@ protected:
 
 private:
     void OnImageClicked(int id);
+    void OnImageDropped(const aurel::DualString& file);
     void ShowImage();
 
     WirrelDoc& document_;

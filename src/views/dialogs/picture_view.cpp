@@ -1,5 +1,6 @@
 #include "views/dialogs/picture_view.h"
 
+#include "gui/file_drops.h"
 #include "gui/text_drawer.h"
 #include "settings/theme.h"
 #include "views/dialogs/pack_preview.h"
@@ -14,6 +15,10 @@ void PictureView::SetPicture(const aurel::ImageSurface& picture) {
 void PictureView::SetMessage(const std::string& message) {
     message_ = message;
     Redraw();
+}
+
+void PictureView::AcceptDrops() {
+    kestrel2::win::AcceptFileDrops(*this, dropListeners);
 }
 
 void PictureView::OnPaint(aurel::ImageSurface& target) {

@@ -21,7 +21,11 @@ public:
     void OnPaint(aurel::ImageSurface& target) override;
     void OnInput(kestrel2::win::InputEvent& event) override;
 
-    aurel::ListenerList<int> clickListeners;  // called with the id
+    // Takes files dropped on the picture from now on; they go to the drop listeners.
+    void AcceptDrops();
+
+    aurel::ListenerList<int> clickListeners;                      // called with the id
+    aurel::ListenerList<const aurel::DualString&> dropListeners;  // the path of each file dropped
 
 private:
     aurel::ImageSurface picture_;
