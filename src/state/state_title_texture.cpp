@@ -9,21 +9,20 @@
 #include "textures/texture_commands.h"
 #include "views/gui_main_view.h"
 #include "views/gui_texture.h"
+#include "views/workspace/workspace_camera.h"
 
 namespace kovra {
 
 namespace {
 
 constexpr int kTextureId = 4;
-// A wheel notch zooms by a tenth of the zoom.
-constexpr float kWheelZoom = 0.1f;
 
 }  // namespace
 
 void StateTitle::CreateTextureView(const kestrel2::win::Box& box) {
-    texture_ =
-        kestrel2::win::MakeChild<GuiTexture>(window_.Root(), kTextureId, box.x, box.y, box.width, box.height,
-                                             document_, TextureSelection(), imageSelection_, window_.Prompt());
+    texture_ = kestrel2::win::MakeChild<GuiTexture>(window_.Root(), kTextureId, box.x, box.y, box.width,
+                                                    box.height, document_, TextureSelection(),
+                                                    imageSelection_, window_.Prompt());
     texture_->Show(false);
     texture_->commandListeners.Add(this, &StateTitle::RunCommand);
     texture_->dragEndListeners.Add(&stack_, &CommandStack::FinishDrag);
@@ -48,8 +47,7 @@ void StateTitle::OnTextureEvent(const kestrel2::win::InputEvent& event) {
     if (event.type == kestrel2::win::kInputKeyDown) {
         OnKey(event.key);
     } else if (event.type == kestrel2::win::kInputWheel && event.dy != 0) {
-        // The wheel reports minus its turn: a turn forward zooms in.
-        texture_->AddZoom((event.dy < 0 ? kWheelZoom : -kWheelZoom) * texture_->state.view.zoom);
+        texture_->AddZoom(WheelZoomDelta(texture_->state.view.zoom, event.dy));
     }
 }
 

@@ -6,15 +6,9 @@
 #include "gui/virtual_keys.h"
 #include "state/state_title.h"
 #include "views/gui_main_view.h"
+#include "views/workspace/workspace_camera.h"
 
 namespace kovra {
-
-namespace {
-
-// One wheel notch changes the zoom by a tenth of itself.
-constexpr float kWheelZoomStep = 0.1f;
-
-}  // namespace
 
 SelectionTracker& StateTitle::PinSelection() {
     return workspace_->state.pinSelection;
@@ -53,9 +47,7 @@ void StateTitle::OnWorkspaceEvent(const kestrel2::win::InputEvent& event) {
     if (event.type == kestrel2::win::kInputKeyDown) {
         OnKey(event.key);
     } else if (event.type == kestrel2::win::kInputWheel && event.dy != 0) {
-        // The wheel turned forward answers a negative dy and zooms in.
-        const float step = workspace_->state.view.zoom * kWheelZoomStep;
-        workspace_->AddZoom(event.dy < 0 ? step : -step);
+        workspace_->AddZoom(WheelZoomDelta(workspace_->state.view.zoom, event.dy));
     }
 }
 

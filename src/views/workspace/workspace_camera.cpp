@@ -63,6 +63,11 @@ void SetCamera(ViewTransform& view, const CameraLimits& limits, float x, float y
     ClampCamera(view, limits);
 }
 
+float WheelZoomDelta(float zoom, int dy) {
+    const float step = zoom * 0.1f;
+    return dy < 0 ? step : -step;
+}
+
 void AddZoom(ViewTransform& view, const CameraLimits& limits, float delta) {
     view.zoom += delta;
     ClampCamera(view, limits);

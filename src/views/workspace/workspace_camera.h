@@ -38,6 +38,9 @@ void ClampCamera(ViewTransform& view, const CameraLimits& limits);
 void Pan(ViewTransform& view, const CameraLimits& limits, float dxPixels, float dyPixels);
 void SetCamera(ViewTransform& view, const CameraLimits& limits, float x, float y);
 void AddZoom(ViewTransform& view, const CameraLimits& limits, float delta);
+// The zoom change of one wheel notch: a tenth of the zoom; the wheel turned forward reports a negative
+// dy and zooms in.
+float WheelZoomDelta(float zoom, int dy);
 // The camera on the world origin at zoom 1.
 void ResetView(ViewTransform& view, const CameraLimits& limits);
 // A new client size: the world span grows with it. Sizes with a zero side are ignored.
